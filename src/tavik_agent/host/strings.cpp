@@ -1,0 +1,153 @@
+// String operations. What is done by hand here is done for exact ASCII strings only; everything
+// else is the host's own work.
+#include "host/strings.hpp"
+
+#include <algorithm>
+
+#include "host/objects.hpp"
+
+namespace tavik::host {
+namespace {
+
+bool is_exact_ascii(const Value& value) {
+  return is_exact_string(value) && PyUnicode_IS_ASCII(value.get());
+}
+
+std::string_view ascii_view(const Value& value) {
+  return {static_cast<const char*>(PyUnicode_DATA(value.get())),
+          static_cast<std::size_t>(PyUnicode_GET_LENGTH(value.get()))};
+}
+
+/// value.name(), which must be a string.
+Value string_method(const Value& value, const char* name) {
+  Value result = call_method(value, name);
+  if (!is_string(result)) {
+    raise(PyExc_TypeError, "%s() must return a string, not '%.200s'", name,
+          Py_TYPE(result.get())->tp_name);
+  }
+  return result;
+}
+
+/// The string with every character mapped; the same object when that changes nothing.
+template <class Map>
+Value map_ascii(const Value& value, Map map) {
+  const std::string_view from = ascii_view(value);
+  if (std::ranges::all_of(from, [&](char c) { return map(c) == c; })) return value.another();
+  Value mapped = Value::steal(PyUnicode_New(static_cast<Py_ssize_t>(from.size()), 127));
+  std::ranges::transform(from, static_cast<char*>(PyUnicode_DATA(mapped.get())), map);
+  return mapped;
+}
+
+Value substring(const Value& value, Py_ssize_t begin, Py_ssize_t end) {
+  return Value::steal(PyUnicode_Substring(value.get(), begin, end));
+}
+
+Value power_of_ten(std::size_t exponent) {
+  const Value base = Value::steal(PyLong_FromLong(10));
+  return Value::steal(
+      PyNumber_Power(base.get(), Value::steal(PyLong_FromSize_t(exponent)).get(), Py_None));
+}
+
+/// By halves: the host's fast multiplication keeps a long run of digits from costing its square,
+/// and the host's limit on converting long digit strings does not come into play.
+Value integer_of_ascii(std::string_view digits) {
+  constexpr std::size_t fits_a_machine_word = 18;
+  if (digits.size() <= fits_a_machine_word) {
+    long long value = 0;
+    for (const char digit : digits) value = value * 10 + (digit - '0');
+    return Value::steal(PyLong_FromLongLong(value));
+  }
+  const std::size_t low = digits.size() / 2;
+  const std::size_t high = digits.size() - low;
+  const Value scaled = Value::steal(
+      PyNumber_Multiply(integer_of_ascii(digits.substr(0, high)).get(), power_of_ten(low).get()));
+  return Value::steal(PyNumber_Add(scaled.get(), integer_of_ascii(digits.substr(high)).get()));
+}
+
+}  // namespace
+
+const text::CharacterTables& character_tables() {
+  static constexpr text::CharacterTables tables{
+      .is_word = [](char32_t c) { return c == U'_' || Py_UNICODE_ISALNUM(c) != 0; },
+      .is_space = [](char32_t c) { return Py_UNICODE_ISSPACE(c) != 0; },
+      .decimal_value = [](char32_t c) { return static_cast<int>(Py_UNICODE_TODECIMAL(c)); },
+  };
+  return tables;
+}
+
+Value string(std::string_view utf8) {
+  return Value::steal(
+      PyUnicode_DecodeUTF8(utf8.data(), static_cast<Py_ssize_t>(utf8.size()), "surrogatepass"));
+}
+
+Value strip(const Value& value) {
+  if (!is_exact_string(value)) return string_method(value, "strip");
+  const auto is_space = [&](Py_ssize_t i) {
+    return Py_UNICODE_ISSPACE(PyUnicode_READ_CHAR(value.get(), i)) != 0;
+  };
+  Py_ssize_t begin = 0;
+  Py_ssize_t end = PyUnicode_GET_LENGTH(value.get());
+  while (begin < end && is_space(begin)) ++begin;
+  while (begin < end && is_space(end - 1)) --end;
+  return substring(value, begin, end);
+}
+
+Value lower(const Value& value) {
+  return is_exact_ascii(value) ? map_ascii(value, text::ascii_lower)
+                               : string_method(value, "lower");
+}
+
+Value upper(const Value& value) {
+  return is_exact_ascii(value) ? map_ascii(value, text::ascii_upper)
+                               : string_method(value, "upper");
+}
+
+bool is_alphabetic(const Value& value) {
+  if (!is_exact_ascii(value)) return !is_empty(call_method(value, "isalpha"));
+  const std::string_view view = ascii_view(value);
+  return !view.empty() && std::ranges::all_of(view, [](char c) {
+    return text::is_ascii_upper(c) || text::is_ascii_lower(c);
+  });
+}
+
+bool ends_with(const Value& value, char last) {
+  if (is_exact_ascii(value)) return ascii_view(value).ends_with(last);
+  return !is_empty(call_method(value, "endswith", string({&last, 1})));
+}
+
+Value capitalised(const Value& string) {
+  const Value head = upper(substring(string, 0, 1));
+  const Value tail = lower(substring(string, 1, PyUnicode_GET_LENGTH(string.get())));
+  return Value::steal(PyUnicode_Concat(head.get(), tail.get()));
+}
+
+Value join(std::string_view separator, const Value& list) {
+  return Value::steal(PyUnicode_Join(string(separator).get(), list.get()));
+}
+
+Value message(const char* prefix, const Value& value, const char* suffix) {
+  return Value::steal(PyUnicode_FromFormat("%s%S%s", prefix, value.get(), suffix));
+}
+
+Value integer(std::string_view digits) {
+  std::string ascii;
+  for (std::size_t at = 0; at < digits.size();) {
+    const text::Character digit = text::character_at(digits, at);
+    ascii += static_cast<char>('0' + Py_UNICODE_TODECIMAL(digit.code));
+    at += digit.width;
+  }
+  return integer_of_ascii(ascii);
+}
+
+Utf8::Utf8(const Value& string) {
+  if (PyUnicode_IS_ASCII(string.get())) {
+    owner_ = string.another();
+    view_ = ascii_view(string);
+    return;
+  }
+  owner_ = Value::steal(PyUnicode_AsEncodedString(string.get(), "utf-8", "surrogatepass"));
+  view_ = {PyBytes_AS_STRING(owner_.get()),
+           static_cast<std::size_t>(PyBytes_GET_SIZE(owner_.get()))};
+}
+
+}  // namespace tavik::host

@@ -1,0 +1,53 @@
+// Host strings: making them, taking their bytes, and the string methods that the rules name.
+// Methods of an exact string have direct paths for ASCII; a subclass is asked for its own method,
+// and must answer with a string.
+#pragma once
+
+#include <string_view>
+
+#include "host/value.hpp"
+#include "text/characters.hpp"
+
+namespace tavik::host {
+
+/// The host's tables of character properties.
+const text::CharacterTables& character_tables();
+
+inline bool is_exact_string(const Value& value) { return PyUnicode_CheckExact(value.get()); }
+
+/// The host string of UTF-8 text (lone surrogates included).
+Value string(std::string_view utf8);
+
+Value strip(const Value& value);
+Value lower(const Value& value);
+Value upper(const Value& value);
+bool is_alphabetic(const Value& value);
+bool ends_with(const Value& value, char last);
+
+/// The first character of a string in upper case followed by the rest in lower case.
+Value capitalised(const Value& string);
+
+/// separator.join(list)
+Value join(std::string_view separator, const Value& list);
+
+/// prefix, the text form of `value`, suffix
+Value message(const char* prefix, const Value& value, const char* suffix = "");
+
+/// The integer that a run of decimal digits of any script stands for. Exact at any length.
+Value integer(std::string_view digits);
+
+/// The UTF-8 bytes of a string; lone surrogates are encoded like any other character. Bytes of an
+/// ASCII string are those of the host object, any other string is encoded anew, so that reading a
+/// caller's string leaves nothing behind in it.
+class Utf8 {
+ public:
+  Utf8() = default;
+  explicit Utf8(const Value& string);
+  std::string_view view() const { return view_; }
+
+ private:
+  Value owner_;
+  std::string_view view_;
+};
+
+}  // namespace tavik::host

@@ -1,0 +1,56 @@
+// A host value that is read as text, with what was learnt of it. Its bytes, its lowered form and
+// the keywords in it are worked out when first asked for and kept, so classifiers that share one
+// Text share that work. A Text lives within one call.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/strings.hpp"
+#include "host/value.hpp"
+#include "text/keyword_scan.hpp"
+
+namespace tavik::host {
+
+class Text {
+ public:
+  /// Any value is accepted; what is not a string fails in the host's way when it is read.
+  explicit Text(Value value) : value_(std::move(value)) {}
+  Text(const Text&) = delete;  // the views below point into the object itself
+  Text& operator=(const Text&) = delete;
+
+  const Value& value() const { return value_; }
+
+  /// The characters as they stand. The value must be a string.
+  std::string_view utf8();
+  /// value.lower()
+  std::string_view lowered();
+  /// Whether a keyword of the group occurs in the lowered text.
+  bool mentions(text::Group group) { return mentions().has(group); }
+  const text::Mentions& mentions();
+
+ private:
+  void lower();
+
+  Value value_;
+  std::optional<Utf8> utf8_;
+  std::optional<std::string_view> lowered_;  ///< into one of the two below, or into utf8_
+  std::string lowered_ascii_;
+  Utf8 lowered_other_;
+  std::optional<text::Mentions> mentions_;
+};
+
+/// The text form of a non-empty value or "", as a Text: the one given when it is that already.
+class WrittenForm {
+ public:
+  explicit WrittenForm(Text& text);
+  Text& operator*() { return converted_ ? *converted_ : given_; }
+  Text* operator->() { return &**this; }
+
+ private:
+  Text& given_;
+  std::optional<Text> converted_;
+};
+
+}  // namespace tavik::host

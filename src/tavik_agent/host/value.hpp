@@ -1,0 +1,64 @@
+// Ownership of host objects. A `Value` owns one reference and gives it back by itself; no other
+// file counts references. `steal` takes over a reference that the caller was given, `borrow` takes
+// one of its own.
+#pragma once
+
+#include <Python.h>
+
+#include <utility>
+
+namespace tavik::host {
+
+/// A host call failed; the host's error indicator holds the error that the caller is to see.
+struct Error {};
+
+class Value {
+ public:
+  Value() = default;
+  Value(Value&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  Value& operator=(Value&& other) noexcept {
+    // The old object goes last: letting go of it can run host code that looks at this value.
+    Value old(std::exchange(object_, std::exchange(other.object_, nullptr)));
+    return *this;
+  }
+  Value(const Value&) = delete;
+  Value& operator=(const Value&) = delete;
+  ~Value() { Py_XDECREF(object_); }
+
+  /// Owns the new reference that a host call returned; throws Error for the null of a failed call.
+  static Value steal(PyObject* object) {
+    if (object == nullptr) throw Error{};
+    return Value(object);
+  }
+  static Value borrow(PyObject* object) { return Value(Py_NewRef(object)); }
+  static Value null() { return borrow(Py_None); }
+
+  Value another() const { return borrow(object_); }
+  PyObject* get() const { return object_; }
+  PyObject* release() { return std::exchange(object_, nullptr); }
+
+  /// Whether there is an object at all; the host's null is one.
+  explicit operator bool() const { return object_ != nullptr; }
+  bool is_null() const { return object_ == Py_None; }
+  bool is_same(const Value& other) const { return object_ == other.object_; }
+
+ private:
+  explicit Value(PyObject* object) : object_(object) {}
+  PyObject* object_ = nullptr;
+};
+
+/// Passes on the status of a host call that answers with a number, -1 for failure.
+template <class Status>
+Status check(Status status) {
+  if (status < 0) throw Error{};
+  return status;
+}
+
+/// Ends the current call with a host error of the given kind.
+template <class... Arguments>
+[[noreturn]] void raise(PyObject* kind, const char* format, Arguments... arguments) {
+  PyErr_Format(kind, format, arguments...);
+  throw Error{};
+}
+
+}  // namespace tavik::host
