@@ -1,0 +1,69 @@
+// Calls from one of the module's functions to another. A function that still bears its name in the
+// module's namespace is called directly and shares the caller's Text; one that was put in its place
+// is called as the host would call it, with the same arguments by position and by keyword.
+#pragma once
+
+#include "host/imports.hpp"
+#include "host/text.hpp"
+#include "material_characterization/module.hpp"
+
+namespace tavik::characterization {
+
+/// An argument that is passed by keyword.
+template <class Argument>
+struct Keyword {
+  const char* name;
+  Argument& value;
+};
+template <class Argument>
+Keyword<Argument> keyword(const char* name, Argument& value) {
+  return {name, value};
+}
+
+namespace calls {
+
+template <class>
+constexpr bool is_keyword = false;
+template <class Argument>
+constexpr bool is_keyword<Keyword<Argument>> = true;
+
+template <class Argument>
+auto& plain(Argument& argument) {
+  if constexpr (is_keyword<Argument>) {
+    return argument.value;
+  } else {
+    return argument;
+  }
+}
+
+inline PyObject* object(const host::Value& argument) { return argument.get(); }
+inline PyObject* object(const host::Text& argument) { return argument.value().get(); }
+
+template <class Argument>
+const char* name(Argument& argument) {
+  if constexpr (is_keyword<Argument>) {
+    return argument.name;
+  } else {
+    return nullptr;
+  }
+}
+
+}  // namespace calls
+
+inline host::Value host_value(const Module& module, Label label) {
+  return module.label(label).another();
+}
+inline host::Value host_value(const Module&, host::Value value) { return value; }
+
+/// Calls what `name` is bound to: Function, unless it was replaced.
+template <auto Function, class... Arguments>
+host::Value invoke(const Module& module, Global name, Arguments&&... arguments) {
+  const host::Value current = module.look_up(name);
+  if (module.is_own(name, current)) {
+    return host_value(module, Function(module, calls::plain(arguments)...));
+  }
+  return host::call_with_keywords(current, {calls::object(calls::plain(arguments))...},
+                                  {calls::name(arguments)...});
+}
+
+}  // namespace tavik::characterization

@@ -1,0 +1,74 @@
+// The working values of one call of characterize_material, and the stages that fill them. A stage
+// reads what stages before it produced and never changes it. Messages for people go to `evidence`
+// as the stages run, so they read in stage order.
+#pragma once
+
+#include <optional>
+
+#include "host/objects.hpp"
+#include "material_characterization/functions.hpp"
+
+namespace tavik::characterization {
+
+/// The arguments; a new empty mapping stands in for an empty one.
+struct Inputs {
+  const Value& step;
+  Value step_params;
+  Text& query_text;
+  const Value& findings;
+  Value planner_manifest;
+  Value previous_steps_params;
+  const Value& base_characterization;
+  Value query_intent;
+};
+
+struct Characterization : Inputs {
+  Characterization(const Module& owner, Inputs inputs)
+      : Inputs(std::move(inputs)), module(owner), combined(&query_text) {}
+
+  const Module& module;
+
+  Value evidence = host::new_list();
+
+  Value intent_species;
+  std::optional<Text> joined_text;  ///< unless the joined text is the query itself
+  Text* combined;
+  Value species;
+
+  Value intent_formula;
+  Value formula_hint;
+
+  Value structure_mode;
+  Value structure_archetype;
+  Value electronic_class;
+  Value intent_correlation;
+  Value intent_magnetism;
+  Value intent_complexity;
+  Value intent_units;
+  Value correlation_class;
+  Value magnetic_class;
+  Value material_family;
+
+  Value requested_energy_unit;
+  Value explicit_spin_mode;
+  Value confidence;
+
+  void report(const char* prefix, const Value& value, const char* suffix = "") const {
+    host::append(evidence, host::message(prefix, value, suffix));
+  }
+};
+
+// The stages, in their order.
+void read_intent_species(Characterization&);
+void join_texts(Characterization&);
+void resolve_species(Characterization&);
+void decide_formula_hint(Characterization&);
+void classify(Characterization&);
+void decide_energy_unit(Characterization&);
+void decide_spin_mode(Characterization&);
+void score_confidence(Characterization&);
+Value assemble_record(const Characterization&);
+/// The record merged into a copy of the base characterization.
+Value merge_into_base(const Characterization&, const Value& record);
+
+}  // namespace tavik::characterization

@@ -1,0 +1,45 @@
+// The entry point: normalises the inputs and runs the stages in their order.
+#include "material_characterization/characterization.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+Value mapping_or_empty(const Value& value) {
+  return host::is_empty(value) ? host::new_dict() : value.another();
+}
+
+}  // namespace
+
+Value characterize_material(const Module& module, const Value& step, const Value& step_params,
+                            Text& query_text, const Value& findings, const Value& planner_manifest,
+                            const Value& previous_steps_params, const Value& base_characterization,
+                            const Value& query_intent) {
+  // Emptiness is a question to the host, so the order in which it is asked is part of the contract.
+  Value params = mapping_or_empty(step_params);
+  Value earlier_params = mapping_or_empty(previous_steps_params);
+  Value manifest = mapping_or_empty(planner_manifest);
+  Value intent = mapping_or_empty(query_intent);
+  Inputs inputs{
+      .step = step,
+      .step_params = std::move(params),
+      .query_text = query_text,
+      .findings = findings,
+      .planner_manifest = std::move(manifest),
+      .previous_steps_params = std::move(earlier_params),
+      .base_characterization = base_characterization,
+      .query_intent = std::move(intent),
+  };
+  Characterization call(module, std::move(inputs));
+  read_intent_species(call);
+  join_texts(call);
+  resolve_species(call);
+  decide_formula_hint(call);
+  classify(call);
+  decide_energy_unit(call);
+  decide_spin_mode(call);
+  score_confidence(call);
+  Value record = assemble_record(call);
+  return host::is_empty(base_characterization) ? std::move(record) : merge_into_base(call, record);
+}
+
+}  // namespace tavik::characterization

@@ -1,0 +1,55 @@
+// Joins what accompanies a planning step (query, findings, purpose, notes) into one text for the
+// keyword classifiers and the prose scan. What cannot be read as text is left out.
+#include <array>
+
+#include "host/objects.hpp"
+#include "host/strings.hpp"
+#include "material_characterization/calls.hpp"
+#include "material_characterization/characterization.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+void append_unless_blank(const Value& fragments, const Value& string) {
+  const Value stripped = host::strip(string);
+  if (!host::is_empty(stripped)) host::append(fragments, stripped);
+}
+
+void append_part(const Module& module, const Value& fragments, const Value& part) {
+  if (host::is_string(part)) {
+    append_unless_blank(fragments, part);
+  } else if (host::is_list(part)) {
+    host::Iterator items(part);
+    while (const Value item = items.next()) append_unless_blank(fragments, host::text_form(item));
+  } else if (module.is_mapping(part)) {
+    host::append(fragments, host::text_form(part));
+  }
+}
+
+Value combine(const Module& module, const std::array<Value, 4>& parts) {
+  const Value current = module.look_up(Global::_combined_text);
+  if (module.is_own(Global::_combined_text, current)) return _combined_text(module, parts);
+  return host::call(current, parts[0], parts[1], parts[2], parts[3]);
+}
+
+}  // namespace
+
+Value _combined_text(const Module& module, std::span<const Value> parts) {
+  const Value fragments = host::new_list();
+  for (const Value& part : parts) append_part(module, fragments, part);
+  return host::join(" ", fragments);
+}
+
+void join_texts(Characterization& call) {
+  Value findings = host::list_of(call.findings);
+  Value purpose = call.module.read(call.planner_manifest, InputKey::purpose);
+  Value notes = call.module.read(call.planner_manifest, InputKey::notes);
+  const std::array parts{call.query_text.value().another(), std::move(findings), std::move(purpose),
+                         std::move(notes)};
+  Value joined = combine(call.module, parts);
+  // A query that stands alone is the joined text, and what is learnt of it is learnt once.
+  if (joined.is_same(call.query_text.value())) return;
+  call.combined = &call.joined_text.emplace(std::move(joined));
+}
+
+}  // namespace tavik::characterization

@@ -1,0 +1,44 @@
+// The formula hint of the record: the intent's formula when it has one, else a heuristic hint that
+// must not name elements beyond those of the intent.
+#include "host/strings.hpp"
+#include "material_characterization/calls.hpp"
+#include "material_characterization/characterization.hpp"
+#include "material_characterization/formulas.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+Value hint_in(const Characterization& call, Text& text) {
+  return invoke<_formula_hint>(call.module, Global::_formula_hint, text, call.species);
+}
+
+bool names_elements_beyond_intent(const Characterization& call) {
+  const Value formula_species = symbols_of(call.module, call.formula_hint);
+  if (host::is_empty(formula_species)) return false;
+  const Value intent_set = host::set_of(call.intent_species);
+  return !host::is_subset(host::set_of(formula_species), intent_set);
+}
+
+void decide_by_heuristic(Characterization& call) {
+  call.formula_hint = hint_in(call, call.query_text);
+  if (host::is_empty(call.formula_hint)) call.formula_hint = hint_in(call, *call.combined);
+  if (host::is_empty(call.formula_hint)) return;
+  if (!host::is_empty(call.intent_species) && names_elements_beyond_intent(call)) {
+    call.formula_hint = host::string("");
+    return;
+  }
+  call.report("formula hint ", call.formula_hint);
+}
+
+}  // namespace
+
+void decide_formula_hint(Characterization& call) {
+  const Value written = call.module.read(call.query_intent, InputKey::formula);
+  call.intent_formula = host::strip(host::text_form_or_empty(written));
+  if (!call.module.has_key(call.query_intent, InputKey::formula)) return decide_by_heuristic(call);
+  call.formula_hint = call.intent_formula.another();
+  if (host::is_empty(call.intent_formula)) return;
+  call.report("user query explicitly wrote formula ", call.intent_formula, " (LLM intent)");
+}
+
+}  // namespace tavik::characterization

@@ -1,0 +1,41 @@
+// The class labels, one group a classifier. A label that two classifiers use stands in the first.
+#pragma once
+
+#include "host/objects.hpp"
+#include "host/vocabulary.hpp"
+
+namespace tavik::characterization {
+
+// clang-format off
+#define TAVIK_LABELS(SAME, AS)                                                              \
+  /* no decision: the family says "other", every other classifier "unknown" */              \
+  SAME(unknown) SAME(other)                                                                 \
+  /* structure mode */                                                                      \
+  SAME(external_structure) SAME(periodic_bulk) SAME(molecule_or_cluster)                    \
+  /* structure archetype */                                                                 \
+  SAME(stm_sample_tip) SAME(layered_parent_exfoliation) SAME(zincblende) SAME(graphene_2d)  \
+  SAME(hbn_2d) SAME(tmd_2d) SAME(phosphorene_2d) SAME(mxene_2d) SAME(two_dimensional)       \
+  SAME(surface_slab)                                                                        \
+  /* system and electronic class */                                                         \
+  SAME(metal) SAME(semiconductor) SAME(insulator)                                           \
+  /* correlation class */                                                                   \
+  SAME(dftu_sensitive) SAME(plain_dft)                                                      \
+  /* magnetic class */                                                                      \
+  SAME(nonmagnetic) SAME(simple_ferromagnet) SAME(collinear_magnetic)                       \
+  SAME(template_antiferromagnet) SAME(noncollinear_template) SAME(complex_magnetic)         \
+  /* material family */                                                                     \
+  SAME(molecule) SAME(oxide) SAME(elemental_metal) SAME(alloy)
+// clang-format on
+
+TAVIK_VOCABULARY(Label, TAVIK_LABELS)
+
+constexpr std::string_view text_of(Label label) {
+  return texts_of(label)[static_cast<std::size_t>(label)];
+}
+
+/// value == label
+inline bool is(const host::Value& value, Label label) {
+  return host::equals(value, text_of(label));
+}
+
+}  // namespace tavik::characterization

@@ -1,0 +1,99 @@
+// The magnetic character of a material: the intent decides first, then explicit wording, then
+// species and formula.
+#include "material_characterization/intent.hpp"
+#include "material_characterization/reference.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+using text::Group;
+
+constexpr auto simple_ferromagnets = Global::phase1_simple_ferromagnet_species;
+constexpr auto seeded_magnets = Global::collinear_magmom_seed_species;
+
+template <class Test>
+bool any_of(const Value& species, Test test) {
+  host::Iterator items(species);
+  while (const Value item = items.next()) {
+    if (test(item)) return true;
+  }
+  return false;
+}
+
+/// Whether any species is in the collection of a reference function, which is called anew for each
+/// species examined.
+bool any_from(const Module& module, Global function, const Value& species) {
+  return any_of(species, [&](const Value& item) {
+    return host::contains(species_from(module, function), item);
+  });
+}
+
+bool any_nonmagnetic_metal(const Module& module, const Value& species) {
+  return any_of(species, [&](const Value& item) {
+    return is_in(module, Global::NONMAGNETIC_METAL_SPECIES, item);
+  });
+}
+
+bool is_complex_magnet(const Module& module, const Value& species) {
+  return host::length(species) == 1 &&
+         is_in(module, Global::COMPLEX_MAGNETIC_SPECIES, host::first(species));
+}
+
+bool all_simple_ferromagnets(const Module& module, const Value& species) {
+  if (host::is_empty(species)) return false;
+  const Value set = host::set_of(species);
+  return host::is_subset(set, species_from(module, simple_ferromagnets));
+}
+
+bool asks_for_collinear_cell(Text& text) {
+  return text.mentions(Group::collinear) && text.mentions(Group::small_cell);
+}
+
+}  // namespace
+
+Label _magnetic_class(const Module& module, const Value& species, const Value& formula_hint,
+                      Text& combined_text, const Value& correlation_class,
+                      const Value& intent_magnetism, const Value& intent_complexity) {
+  const auto is_nio = [&] { return host::equals(formula_hint, "NiO"); };
+  const auto is_oxide = [&] { return is_transition_metal_oxide(module, species); };
+  const auto is_correlated_oxide = [&] {
+    return is(correlation_class, Label::dftu_sensitive) && (is_nio() || is_oxide());
+  };
+
+  if (host::equals(intent_magnetism, "non-collinear")) return Label::noncollinear_template;
+  if (host::equals_any(intent_magnetism, {"antiferromagnetic", "ferrimagnetic"})) {
+    return Label::template_antiferromagnet;
+  }
+  if (host::equals(intent_magnetism, "ferromagnetic")) {
+    return !host::is_empty(species) && any_from(module, simple_ferromagnets, species)
+               ? Label::simple_ferromagnet
+               : Label::collinear_magnetic;
+  }
+  if (host::equals(intent_magnetism, "nonmagnetic")) return Label::nonmagnetic;
+
+  // A small collinear cell asked for in so many words outranks any wording of magnetic order.
+  if (asks_for_collinear_cell(combined_text) && is_correlated_oxide()) {
+    return Label::collinear_magnetic;
+  }
+  if (combined_text.mentions(Group::noncollinear_or_spin_orbit)) {
+    return Label::noncollinear_template;
+  }
+  if (combined_text.mentions(Group::antiferromagnetic)) return Label::template_antiferromagnet;
+  if (combined_text.mentions(Group::alpha_manganese)) return Label::complex_magnetic;
+
+  if (is_complex_magnet(module, species)) return Label::complex_magnetic;
+  // Of the correlated oxides only NiO has an order to start from; the others stay open.
+  if (!is_simple_request(intent_complexity) && is_correlated_oxide()) {
+    return is_nio() ? Label::template_antiferromagnet : Label::unknown;
+  }
+  if (all_simple_ferromagnets(module, species)) return Label::simple_ferromagnet;
+  if (any_from(module, simple_ferromagnets, species) && !is_oxide()) {
+    return Label::simple_ferromagnet;
+  }
+  if (any_from(module, seeded_magnets, species) && !is_oxide()) return Label::collinear_magnetic;
+  if (any_nonmagnetic_metal(module, species)) return Label::nonmagnetic;
+  if (is_semiconductor_or_insulator(module, formula_hint)) return Label::nonmagnetic;
+  return Label::unknown;
+}
+
+}  // namespace tavik::characterization

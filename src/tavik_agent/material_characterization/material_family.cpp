@@ -1,0 +1,39 @@
+// The broad family of a material, from the labels reached before it.
+#include "host/strings.hpp"
+#include "material_characterization/functions.hpp"
+#include "material_characterization/reference.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+/// A layered parent counts: it is meant to be exfoliated.
+bool is_two_dimensional(const Value& structure_archetype) {
+  return host::equals_any(
+      structure_archetype,
+      {text_of(Label::graphene_2d), text_of(Label::hbn_2d), text_of(Label::tmd_2d),
+       text_of(Label::phosphorene_2d), text_of(Label::mxene_2d), text_of(Label::two_dimensional),
+       text_of(Label::layered_parent_exfoliation)});
+}
+
+}  // namespace
+
+Label _material_family(const Module& module, const Value& species, const Value& structure_mode,
+                       const Value& electronic_class, const Value& formula_hint,
+                       const Value& structure_archetype) {
+  if (is_two_dimensional(structure_archetype)) return Label::two_dimensional;
+  if (is(structure_mode, Label::molecule_or_cluster)) return Label::molecule;
+  if (is_in(module, Global::SEMICONDUCTOR_FORMULAS, formula_hint) ||
+      is(electronic_class, Label::semiconductor)) {
+    return Label::semiconductor;
+  }
+  if (host::ends_with(formula_hint, 'O') || host::contains(species, host::string("O"))) {
+    return Label::oxide;
+  }
+  if (host::length(species) == 1 && is(electronic_class, Label::metal)) {
+    return Label::elemental_metal;
+  }
+  if (host::length(species) >= 2 && is(electronic_class, Label::metal)) return Label::alloy;
+  return Label::other;
+}
+
+}  // namespace tavik::characterization

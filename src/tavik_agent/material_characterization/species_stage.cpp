@@ -1,0 +1,79 @@
+// Which species the step is about. The first source that names any wins: this step's element block,
+// the intent, an earlier step's element block, the prose, the earlier characterization.
+#include "host/strings.hpp"
+#include "material_characterization/calls.hpp"
+#include "material_characterization/characterization.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+Value species_declared_in(const Characterization& call, const Value& params) {
+  return invoke<_species_from_element_block>(call.module, Global::_species_from_element_block,
+                                             call.module.read(params, InputKey::element));
+}
+
+void take_intent_species(Characterization& call) {
+  host::OrderedSet unique;
+  unique.add_all(call.intent_species);
+  call.species = unique.list();
+  call.report("user query explicitly named species ", call.species, " (LLM intent)");
+}
+
+void take_species_of_earlier_steps(Characterization& call) {
+  host::Iterator steps(host::items(call.previous_steps_params));
+  while (const Value step = steps.next()) {
+    const Value params = host::unpack_pair(step).second;
+    if (!call.module.is_mapping(params)) continue;
+    Value declared = species_declared_in(call, params);
+    if (host::is_empty(declared)) continue;
+    call.species = std::move(declared);
+    return call.report("reused prior-step species ", call.species);
+  }
+}
+
+void take_species_in_prose(Characterization& call) {
+  call.species =
+      invoke<_species_from_text>(call.module, Global::_species_from_text, *call.combined);
+  if (host::is_empty(call.species)) return;
+  call.report("prose-scanned fallback species ", call.species, " (low confidence)");
+}
+
+/// As the earlier record holds them: unstripped, repeats included, and without a message.
+void take_species_of_base(Characterization& call) {
+  call.species = host::new_list();
+  host::Iterator items(
+      host::list_of(call.module.read(call.base_characterization, RecordKey::species)));
+  while (const Value item = items.next()) {
+    const Value text = host::text_form(item);
+    if (!host::is_empty(host::strip(text))) host::append(call.species, text);
+  }
+}
+
+}  // namespace
+
+void read_intent_species(Characterization& call) {
+  call.intent_species = host::new_list();
+  const Value named = call.module.read(call.query_intent, InputKey::species);
+  if (host::is_empty(named)) return;
+  host::Iterator items(named);
+  while (const Value item = items.next()) {
+    const Value symbol = host::strip(host::text_form(item));
+    if (!host::is_empty(symbol)) host::append(call.intent_species, host::capitalised(symbol));
+  }
+}
+
+void resolve_species(Characterization& call) {
+  call.species = species_declared_in(call, call.step_params);
+  if (!host::is_empty(call.species)) {
+    call.report("element definitions declare species ", call.species);
+  } else if (!host::is_empty(call.intent_species)) {
+    take_intent_species(call);
+  }
+  if (host::is_empty(call.species)) take_species_of_earlier_steps(call);
+  if (host::is_empty(call.species)) take_species_in_prose(call);
+  if (host::is_empty(call.species) && !host::is_empty(call.base_characterization)) {
+    take_species_of_base(call);
+  }
+}
+
+}  // namespace tavik::characterization

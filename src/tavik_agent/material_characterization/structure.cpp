@@ -1,0 +1,85 @@
+// What is simulated, by structure: the mode from the step's own parameters (the text only when they
+// say nothing), and the finer archetype from the user's own words, query and structure description
+// (the combined text only when there are none).
+#include <string>
+
+#include "material_characterization/intent.hpp"
+#include "text/keyword_scan.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+using text::Group;
+
+bool has_lattice(const Module& module, const Value& step_params) {
+  const Value domain = module.read(step_params, InputKey::domain);
+  return module.is_mapping(domain) && !module.read(domain, InputKey::latvec).is_null();
+}
+
+bool is_written(const Value& value) {
+  return host::is_string(value) && !host::is_empty(host::strip(value));
+}
+
+/// The structure description, or "" when there is no intent.
+Value description_in(const Module& module, const Value& query_intent) {
+  if (host::is_empty(query_intent)) return host::string("");
+  return intent_field(module, query_intent, InputKey::structure_description);
+}
+
+/// What the text that counts mentions. Stripping can only change what the end of the text makes of
+/// a keyword that ends in a blank, so a query without outer white space shares its own scan.
+text::Mentions authoritative_mentions(const Module& module, Text& combined_text, Text& query_text,
+                                      const Value& query_intent) {
+  const auto& tables = host::character_tables();
+  const host::Utf8 description(description_in(module, query_intent));
+  host::WrittenForm query(query_text);
+  std::string joined;
+  std::string_view words = query->lowered();
+  if (!description.view().empty()) {
+    joined.append(words).append(" ").append(description.view());
+    words = joined;
+  }
+  const std::string_view authoritative = text::strip(words, tables);
+  if (authoritative.empty()) return combined_text.mentions();
+  if (authoritative.size() == query->lowered().size() && joined.empty()) return query->mentions();
+  return text::find_keywords(authoritative, tables);
+}
+
+}  // namespace
+
+Label _structure_mode(const Module& module, const Value& step_params, Text& combined_text) {
+  const Value atom_block = module.read(step_params, InputKey::atom);
+  if (module.is_mapping(atom_block)) {
+    const Value xyz = module.read(atom_block, InputKey::xyz);
+    if (is_written(xyz)) return Label::external_structure;
+    if (!xyz.is_null() || !module.read(atom_block, InputKey::fracxyz).is_null()) {
+      return has_lattice(module, step_params) ? Label::periodic_bulk : Label::molecule_or_cluster;
+    }
+  }
+  return combined_text.mentions(Group::periodic_cell) ? Label::periodic_bulk : Label::unknown;
+}
+
+Label _structure_archetype(const Module& module, const Value& structure_mode, Text& combined_text,
+                           Text& query_text, const Value& query_intent) {
+  const text::Mentions words =
+      authoritative_mentions(module, combined_text, query_text, query_intent);
+  if (words.has(Group::stm)) return Label::stm_sample_tip;
+  if (words.has(Group::sample) && words.has(Group::tip)) return Label::stm_sample_tip;
+  if (words.has(Group::layered_parent)) return Label::layered_parent_exfoliation;
+  if (words.has(Group::zincblende)) return Label::zincblende;
+  if (words.has(Group::graphene)) return Label::graphene_2d;
+  if (words.has(Group::hbn)) return Label::hbn_2d;
+  if (words.has(Group::tmd)) return Label::tmd_2d;
+  if (words.has(Group::phosphorene)) return Label::phosphorene_2d;
+  if (words.has(Group::mxene)) return Label::mxene_2d;
+  if (words.has(Group::two_dimensional)) return Label::two_dimensional;
+  if (words.has(Group::surface)) return Label::surface_slab;
+  // Vacuum alone says little: a molecule has it too, and a bulk cue outweighs it.
+  if (words.has(Group::vacuum) && is(structure_mode, Label::periodic_bulk) &&
+      words.has(Group::slab_context) && !words.has(Group::bulk_cue)) {
+    return Label::surface_slab;
+  }
+  return Label::unknown;
+}
+
+}  // namespace tavik::characterization

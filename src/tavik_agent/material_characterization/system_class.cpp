@@ -1,0 +1,70 @@
+// Metal, semiconductor or insulator: by archetype, then by formula, then by the user's words, then
+// by the one species.
+#include "host/strings.hpp"
+#include "material_characterization/calls.hpp"
+#include "material_characterization/functions.hpp"
+#include "material_characterization/reference.hpp"
+
+namespace tavik::characterization {
+namespace {
+
+Value normalised(const Value& species) {
+  Value symbols = host::new_list();
+  host::Iterator items(species);
+  while (const Value item = items.next()) {
+    const Value symbol = host::strip(host::text_form(item));
+    if (!host::is_empty(symbol)) host::append(symbols, symbol);
+  }
+  return symbols;
+}
+
+bool holds_one_distinct(const Value& symbols) {
+  host::OrderedSet distinct;
+  distinct.add_all(symbols);
+  return host::length(distinct.list()) == 1;
+}
+
+}  // namespace
+
+Label classify_system_class(const Module& module, const Value& given_species,
+                            const Value& formula_hint, Text& explicit_text,
+                            const Value& structure_archetype) {
+  const Value species = normalised(given_species);
+  host::WrittenForm text(explicit_text);
+  const Value simple_fm = species_from(module, Global::phase1_simple_ferromagnet_species);
+  const Value magnetic_seed_species = species_from(module, Global::collinear_magmom_seed_species);
+
+  if (is(structure_archetype, Label::graphene_2d)) return Label::unknown;
+  if (is(structure_archetype, Label::hbn_2d)) return Label::insulator;
+  if (is(structure_archetype, Label::tmd_2d)) return Label::semiconductor;
+  if (is(structure_archetype, Label::phosphorene_2d)) return Label::semiconductor;
+  if (is(structure_archetype, Label::mxene_2d)) return Label::metal;
+  if (is_in(module, Global::SEMICONDUCTOR_FORMULAS, formula_hint)) return Label::semiconductor;
+  if (is_in(module, Global::INSULATOR_FORMULAS, formula_hint)) return Label::insulator;
+  if (is_in(module, Global::DFTU_SENSITIVE_FORMULAS, formula_hint)) return Label::insulator;
+  if (text->mentions(text::Group::metallic)) return Label::metal;
+
+  if (holds_one_distinct(species) &&
+      is_in(module, Global::SEMICONDUCTOR_FORMULAS, host::first(species))) {
+    return Label::semiconductor;
+  }
+  if (host::length(species) == 1) {
+    const Value only = host::first(species);
+    if (is_in(module, Global::NONMAGNETIC_METAL_SPECIES, only)) return Label::metal;
+    if (host::contains(simple_fm, only)) return Label::metal;
+    if (is_in(module, Global::COMPLEX_MAGNETIC_SPECIES, only)) return Label::metal;
+    if (host::contains(magnetic_seed_species, only)) return Label::metal;
+  }
+  // For tables that do not list the three best known semiconductors.
+  if (host::equals_any(formula_hint, {"GaAs", "Si", "Ge"})) return Label::semiconductor;
+  return Label::unknown;
+}
+
+Value _electronic_class(const Module& module, const Value& species, const Value& formula_hint,
+                        Text& explicit_text, const Value& structure_archetype) {
+  return invoke<classify_system_class>(
+      module, Global::classify_system_class, species, keyword("formula_hint", formula_hint),
+      keyword("explicit_text", explicit_text), keyword("structure_archetype", structure_archetype));
+}
+
+}  // namespace tavik::characterization
