@@ -1,0 +1,91 @@
+// The host's way into a function: binds the arguments, calls it, and turns what it returns or
+// throws into what the host expects.
+#pragma once
+
+#include <Python.h>
+
+#include <new>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "bindings/signature.hpp"
+#include "host/text.hpp"
+#include "material_characterization/calls.hpp"
+#include "material_characterization/functions.hpp"
+
+namespace tavik::bindings {
+
+using characterization::Module;
+using host::Text;
+using host::Value;
+
+/// The one place where exceptions become host errors.
+template <class Body>
+auto guarded(Body body, std::invoke_result_t<Body> failure) noexcept -> std::invoke_result_t<Body> {
+  try {
+    return body();
+  } catch (const host::Error&) {
+    return failure;
+  } catch (const std::bad_alloc&) {
+    PyErr_NoMemory();
+    return failure;
+  }
+}
+
+/// The state of a loaded module.
+Module& state_of(PyObject* module);
+
+/// How a parameter is held while the function runs.
+template <class Parameter>
+using Held = std::remove_cvref_t<Parameter>;
+
+template <class Result, class... Parameters, std::size_t... I>
+Value apply(Result (*function)(const Module&, Parameters...), const Module& module, Bound& bound,
+            std::index_sequence<I...>) {
+  std::tuple<Held<Parameters>...> held(std::move(bound[I])...);
+  return characterization::host_value(module, function(module, std::get<I>(held)...));
+}
+
+template <class Result, class... Parameters>
+constexpr std::size_t arity(Result (*)(const Module&, Parameters...)) {
+  return sizeof...(Parameters);
+}
+
+template <auto Function, const char* Docstring>
+PyObject* enter(PyObject* self, PyObject* const* values, Py_ssize_t positional,
+                PyObject* keyword_names) noexcept {
+  static constexpr Signature signature = read_signature(Docstring);
+  static_assert(signature.count == arity(Function));
+  return guarded(
+      [&] {
+        const Module& module = state_of(self);
+        Bound bound =
+            bind(signature, {values, static_cast<std::size_t>(positional), keyword_names});
+        return apply(Function, module, bound, std::make_index_sequence<signature.count>{})
+            .release();
+      },
+      nullptr);
+}
+
+/// For a function that takes any number of values by position.
+template <auto Function, const char* Docstring>
+PyObject* enter_any_number(PyObject* self, PyObject* const* values, Py_ssize_t positional,
+                           PyObject* keyword_names) noexcept {
+  static constexpr Signature signature = read_signature(Docstring);
+  static_assert(signature.takes_any_number);
+  return guarded(
+      [&] {
+        const Module& module = state_of(self);
+        std::vector<Value> parts;
+        for (PyObject* value : bind_any_number(
+                 signature, {values, static_cast<std::size_t>(positional), keyword_names})) {
+          parts.push_back(Value::borrow(value));
+        }
+        return Function(module, parts).release();
+      },
+      nullptr);
+}
+
+}  // namespace tavik::bindings
