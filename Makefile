@@ -1,0 +1,54 @@
+# The commands of a working copy. Each sets up what it needs on first use, in .venv.
+#   make run [QUERY="..."]   characterize a request
+#   make test                run all tests
+#   make lint                formatters in check mode, static checks, types
+#   make format              reformat all sources
+PYTHON ?= python3.13
+ifeq ($(origin CXX),default)
+CXX := c++
+endif
+QUERY ?=
+export CXX QUERY
+
+venv := .venv
+bin := $(venv)/bin
+tools_ready := $(venv)/.tools
+module_ready := $(venv)/.module
+cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
+py := $(shell find src -name '*.py')
+
+.PHONY: run test lint format clean check-tools
+
+run: check-tools $(module_ready)
+	@$(bin)/python examples/characterize_request.py "$$QUERY"
+
+test: check-tools $(module_ready)
+	@$(bin)/python -m pytest
+
+lint: check-tools $(module_ready)
+	$(bin)/clang-format --dry-run --Werror $(cpp)
+	$(bin)/ruff format --check .
+	$(bin)/ruff check .
+	$(bin)/mypy src/tavik_agent/reference_data examples
+
+format: check-tools $(tools_ready)
+	$(bin)/clang-format -i $(cpp)
+	$(bin)/ruff format .
+
+clean:
+	rm -rf $(venv) build
+
+check-tools:
+	@scripts/check-tools.sh "$(PYTHON)" "$(CXX)"
+
+$(tools_ready): requirements.txt | check-tools
+	@echo "setting up $(venv) ..."
+	@$(PYTHON) -m venv --clear $(venv)
+	@$(bin)/python -m pip install --quiet --disable-pip-version-check -r requirements.txt
+	@touch $@
+
+$(module_ready): $(tools_ready) $(cpp) $(py) CMakeLists.txt pyproject.toml
+	@echo "building the module ..."
+	@$(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation --no-deps \
+	  --force-reinstall --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON .
+	@touch $@
