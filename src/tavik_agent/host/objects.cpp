@@ -9,8 +9,6 @@
 namespace tavik::host {
 namespace {
 
-bool is_exact_set(const Value& value) { return PyAnySet_CheckExact(value.get()); }
-
 /// The built-in types that most values have and that no one can declare to be mappings.
 bool is_plainly_no_mapping(const Value& value) {
   PyObject* const object = value.get();
@@ -62,12 +60,6 @@ bool contains(const Value& collection, const Value& item) {
     return check(PySet_Contains(collection.get(), item.get())) != 0;
   }
   return check(PySequence_Contains(collection.get(), item.get())) != 0;
-}
-
-bool union_contains(const Value& left, const Value& right, const Value& item) {
-  if (is_exact_set(left) && is_exact_set(right))
-    return contains(left, item) || contains(right, item);
-  return contains(call_method(left, "union", right), item);
 }
 
 Value set_of(const Value& values) { return Value::steal(PySet_New(values.get())); }

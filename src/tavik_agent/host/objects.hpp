@@ -13,6 +13,7 @@ namespace tavik::host {
 
 bool is_empty(const Value& value);
 inline bool is_string(const Value& value) { return PyUnicode_Check(value.get()); }
+inline bool is_exact_set(const Value& value) { return PyAnySet_CheckExact(value.get()); }
 inline bool is_list(const Value& value) { return PyList_Check(value.get()); }
 /// `mapping_type` is the host's abstract mapping, collections.abc.Mapping.
 bool is_mapping(const Value& value, const Value& mapping_type);
@@ -37,8 +38,6 @@ Value get(const Value& mapping, const Value& key);
 Value items(const Value& mapping);
 /// item in collection
 bool contains(const Value& collection, const Value& item);
-/// item in left.union(right)
-bool union_contains(const Value& left, const Value& right, const Value& item);
 /// set(values)
 Value set_of(const Value& values);
 /// set.issubset(collection)
@@ -105,11 +104,25 @@ Value call(const Value& function, const Values&... arguments) {
       function.get(), objects + 1, sizeof...(arguments) | PY_VECTORCALL_ARGUMENTS_OFFSET, nullptr));
 }
 
+inline Value attribute(const Value& value, const char* name) {
+  return Value::steal(PyObject_GetAttrString(value.get(), name));
+}
+
 /// value.name(*arguments)
 template <class... Values>
 Value call_method(const Value& value, const char* name, const Values&... arguments) {
   return Value::steal(PyObject_CallMethodObjArgs(
       value.get(), Value::steal(PyUnicode_FromString(name)).get(), arguments.get()..., nullptr));
+}
+
+/// item in left.union(right()): the method is looked up before right() is called.
+template <class Right>
+bool union_contains(const Value& left, Right right, const Value& item) {
+  const Value unite = is_exact_set(left) ? Value() : attribute(left, "union");
+  const Value other = right();
+  if (unite) return contains(call(unite, other), item);
+  if (is_exact_set(other)) return contains(left, item) || contains(other, item);
+  return contains(call_method(left, "union", other), item);
 }
 
 }  // namespace tavik::host

@@ -9,9 +9,9 @@ namespace {
 bool is_plain_metal(const Module& module, const Value& species) {
   if (host::length(species) != 1) return false;
   const Value only = host::first(species);
-  const Value nonmagnetic = module.look_up(Global::NONMAGNETIC_METAL_SPECIES);
-  const Value ferromagnets = species_from(module, Global::phase1_simple_ferromagnet_species);
-  return host::union_contains(nonmagnetic, ferromagnets, only);
+  return host::union_contains(
+      module.look_up(Global::NONMAGNETIC_METAL_SPECIES),
+      [&] { return species_from(module, Global::phase1_simple_ferromagnet_species); }, only);
 }
 
 }  // namespace

@@ -56,7 +56,9 @@ Label classify_system_class(const Module& module, const Value& given_species,
     if (host::contains(magnetic_seed_species, only)) return Label::metal;
   }
   // For tables that do not list the three best known semiconductors.
-  if (host::equals_any(formula_hint, {"GaAs", "Si", "Ge"})) return Label::semiconductor;
+  if (!host::is_empty(formula_hint) && host::equals_any(formula_hint, {"GaAs", "Si", "Ge"})) {
+    return Label::semiconductor;
+  }
   return Label::unknown;
 }
 
