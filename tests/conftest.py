@@ -1,0 +1,83 @@
+"""Small, known reference tables for every test, and the means to watch what the module calls."""
+
+import importlib.machinery
+import importlib.util
+import sys
+import types
+from unittest import mock
+
+import pytest
+from hypothesis import settings
+
+from tavik_agent import material_characterization as mc
+
+settings.register_profile("suite", max_examples=300, derandomize=True, deadline=None, database=None)
+settings.load_profile("suite")
+
+SYMBOLS = "H B C N O F Na Si S Cl Ti Cr Mn Fe Co Ni Cu Zn Ga As Se In Sn I U"
+# CoO and InAs stand in two tables each; GaAs, Si and Ge in none.
+TABLES = {
+    "KNOWN_ELEMENT_SYMBOLS": frozenset(SYMBOLS.split()),
+    "FORMULA_ALIASES": types.MappingProxyType(
+        {"rutile": "TiO2", "gallium arsenide": "GaAs", "green salt": "FeXy", "salt": "NaCl"}
+    ),
+    "ELEMENT_NAME_ALIASES": types.MappingProxyType(
+        {"iron": "Fe", "oxygen": "O", "nickel": "Ni", "tin": "sn"}
+    ),
+    "SEMICONDUCTOR_FORMULAS": frozenset({"InAs", "ZnO", "Se"}),
+    "INSULATOR_FORMULAS": frozenset({"NaCl", "InAs", "CoO"}),
+    "DFTU_SENSITIVE_FORMULAS": frozenset({"NiO", "CoO"}),
+    "NONMAGNETIC_METAL_SPECIES": frozenset({"Cu", "Zn", "Na"}),
+    "COMPLEX_MAGNETIC_SPECIES": frozenset({"Mn"}),
+    "phase1_simple_ferromagnet_species": lambda: frozenset({"Fe", "Co"}),
+    "collinear_magmom_seed_species": lambda: frozenset({"Fe", "Ni", "Cr"}),
+    "is_transition_metal_oxide": lambda species: "O" in species and bool({"Fe", "Ni"} & {*species}),
+}
+ACRONYMS = frozenset({"DFT", "HSE", "scf"})
+
+
+@pytest.fixture(autouse=True)
+def _known_tables(monkeypatch):
+    for name, table in (TABLES | {"_NON_FORMULA_TOKENS": set(ACRONYMS)}).items():
+        monkeypatch.setattr(mc, name, table)
+
+
+@pytest.fixture
+def record(monkeypatch):
+    """Puts a recording function in place of each name; returns the list that all calls go to."""
+    calls = []
+
+    def replace(**results):
+        for name, result in results.items():
+            # A result that is a function is called for the answer.
+            def recorded(*args, _name=name, _result=result, **kwargs):
+                calls.append((_name, args, kwargs))
+                return _result(*args, **kwargs) if callable(_result) else _result
+
+            monkeypatch.setattr(mc, name, recorded)
+        return calls
+
+    return replace
+
+
+@pytest.fixture(params=["rebound", "loaded"])
+def with_tables(request, monkeypatch):
+    """Gives the module with some tables changed: rebound in it, or there when it was loaded."""
+
+    def rebind(**tables):
+        for name, table in tables.items():
+            monkeypatch.setattr(mc, name, table)
+        return mc
+
+    def load(**tables):
+        companions = {
+            "tavik_agent.method_acronyms": types.SimpleNamespace(METHOD_ACRONYMS=ACRONYMS),
+            "tavik_agent.material_reference_data": types.SimpleNamespace(**(TABLES | tables)),
+        }
+        loader = importlib.machinery.ExtensionFileLoader(mc.__name__, mc.__file__)
+        with mock.patch.dict(sys.modules, companions):
+            module = importlib.util.module_from_spec(mc.__spec__)
+            loader.exec_module(module)
+        return module
+
+    return rebind if request.param == "rebound" else load

@@ -1,0 +1,220 @@
+"""The stages of one characterization: what each receives, what it leaves, and the record."""
+
+import collections
+
+import pytest
+
+from tavik_agent import material_characterization as mc
+
+
+def characterize(step="", **inputs):
+    return mc.characterize_material(step=step, **inputs)
+
+
+def test_whole_record():
+    found = characterize(
+        "relax",
+        step_params={"element": [{"species": "Fe"}, {"species": "O"}]},
+        query_text="Relax antiferromagnetic Fe2O3 with DFT+U",
+        query_intent={"correlation": "dft+u", "magnetism": "antiferromagnetic"},
+    )
+    evidence = [
+        "element definitions declare species ['Fe', 'O']",
+        "formula hint Fe2O3",
+        "correlation class=dftu_sensitive",
+        "magnetic class=template_antiferromagnet",
+        "material family=oxide",
+    ]
+    assert list(found.items()) == [
+        *(("step", "RELAX"), ("structure_mode", "unknown"), ("structure_archetype", "unknown")),
+        *(("electronic_class", "unknown"), ("magnetic_class", "template_antiferromagnet")),
+        *(("correlation_class", "dftu_sensitive"), ("material_family", "oxide")),
+        *(("species", ["Fe", "O"]), ("formula_hint", "Fe2O3"), ("requested_energy_unit", "")),
+        *(("explicit_spin_mode", "collinear"), ("intent_complexity", "")),
+        *(("intent_correlation", "dft+u"), ("intent_magnetism", "antiferromagnetic")),
+        *(("intent_driven", True), ("evidence", evidence), ("confidence", 0.8)),
+    ]
+
+
+def test_step():
+    for step, written in {"straße": "STRASSE", None: "", 0: "", 3: "3", " a ": " A "}.items():
+        assert characterize(step)["step"] == written
+
+
+BLOCK = {"element": {"Ni": 1}}
+EARLIER = {"previous_steps_params": {"a": [BLOCK], "b": {}, 3: BLOCK, "c": {"element": 5}}}
+PROSE = {"query_text": "CO", "base_characterization": {"species": ["Cu"]}}
+
+
+def named(*species):
+    return {"query_intent": {"species": species}}
+
+
+@pytest.mark.parametrize(
+    ("inputs", "species", "message"),
+    [
+        ({"step_params": BLOCK} | named("Fe"), ["Ni"], "element definitions declare species {}"),
+        (
+            named(" fe ", "FE", "", None) | EARLIER | PROSE,
+            ["Fe", "None"],
+            "user query explicitly named species {} (LLM intent)",
+        ),
+        (named(*"o'ß"), ["O", "'", "SS"], "user query explicitly named species {} (LLM intent)"),
+        (EARLIER | PROSE, ["Ni"], "reused prior-step species {}"),
+        (PROSE, ["C", "O"], "prose-scanned fallback species {} (low confidence)"),
+        ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], ""),
+    ],
+)
+def test_first_source_of_species_wins(inputs, species, message):
+    found = characterize(**inputs)
+    lines = [line for line in found["evidence"] if "species" in line]
+    assert found["species"] == species
+    assert lines == ([message.format(species)] if message else [])
+
+
+def test_earlier_steps_are_read_up_to_the_first_that_declares():
+    class Untouchable(collections.UserDict):
+        def get(self, key, default=None):
+            raise AssertionError("read too far")
+
+    steps = collections.OrderedDict(later=Untouchable(), first={}, second=BLOCK)
+    steps.move_to_end("later")
+    assert characterize(previous_steps_params=steps)["species"] == ["Ni"]
+
+
+WROTE = "user query explicitly wrote formula {} (LLM intent)"
+
+
+@pytest.mark.parametrize(
+    ("intent", "query", "hint", "message"),
+    [
+        ({"formula": " fE2o3\n", "species": "x"}, "NiO", "fE2o3", WROTE),
+        ({"formula": "\ud800\0"}, "", "\ud800\0", WROTE),
+        ({"formula": ["NiO"]}, "", "['NiO']", WROTE),
+        ({"formula": None}, "NiO", "", None),
+        ({"formula": " "}, "NiO", "", None),
+        ({}, "NiO", "NiO", "formula hint {}"),
+        ({}, "nothing", "FeO", "formula hint {}"),  # from the findings
+        ({"species": ["Fe"]}, "Fe2O3", "", None),  # names what the intent does not
+        ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", "formula hint {}"),
+        ({"species": ["Cu"]}, "green salt", "FeXy", "formula hint {}"),  # has no parts
+    ],
+)
+def test_formula_hint(intent, query, hint, message):
+    # The element block declares more than the intent; the cross-check is with the intent.
+    block = {"element": {"Fe": 1, "O": 1}}
+    found = characterize(step_params=block, query_intent=intent, query_text=query, findings=["FeO"])
+    assert found["formula_hint"] == hint
+    lines = [line for line in found["evidence"] if "formula" in line]
+    assert lines == ([message.format(hint)] if message else [])
+
+
+def test_intent_is_read_by_its_own_get_in_order():
+    read = []
+
+    class Watched(dict):
+        def get(self, key, default=None):
+            read.append(key)
+            return "CO" if key == "formula" else None
+
+    found = characterize(query_intent=Watched(x=1), query_text="NiO")
+    steering = ["correlation", "magnetism", "complexity_hint", "units"]
+    assert [key for key in read if key in steering] == steering
+    # A formula counts as the intent's, but only a key that is there replaces the heuristic.
+    assert (found["formula_hint"], found["intent_driven"]) == ("NiO", True)
+
+
+CLASSIFIERS = "_structure_mode _structure_archetype _electronic_class _correlation_class \
+_magnetic_class _material_family"
+LABELS = {name: name.split("_")[-1] + str(i) for i, name in enumerate(CLASSIFIERS.split())}
+
+
+@pytest.mark.parametrize(("query", "for_mode"), [("Q", "Q"), (" ", " "), ("", "J"), (None, "J")])
+def test_what_each_stage_receives(record, query, for_mode):
+    calls = record(
+        _combined_text="J",
+        _species_from_element_block=[],
+        _species_from_text=["Fe"],
+        _formula_hint=lambda text, _: "H" if text == "J" else "",
+        _formula_parts=[("Fe", 1)],
+        **LABELS,
+    )
+    params = {"element": "E", "atom": {}}
+    intent = {"correlation": " DFT+U ", "magnetism": 3, "complexity_hint": "Basic"}
+    found = characterize(
+        step_params=params,
+        query_text=query,
+        findings=iter(["a", 2]),
+        planner_manifest={"purpose": "P", "notes": {"n": 1}},
+        previous_steps_params={"a": {"element": "B"}, "b": {}, "c": 3},
+        query_intent=intent,
+    )
+    texts = {"structure_mode": "mode0", "combined_text": "J", "query_text": query}
+    texts["query_intent"] = intent
+    simple = {"intent_complexity": "basic"}
+    assert calls == [
+        ("_combined_text", (query, ["a", 2], "P", {"n": 1}), {}),
+        *(("_species_from_element_block", (block,), {}) for block in ("E", "B", None)),
+        ("_species_from_text", ("J",), {}),
+        ("_formula_hint", (query, ["Fe"]), {}),
+        ("_formula_hint", ("J", ["Fe"]), {}),
+        ("_structure_mode", (params, for_mode), {}),
+        ("_structure_archetype", (), texts),
+        ("_electronic_class", (["Fe"], "H", query, "archetype1"), {}),
+        ("_correlation_class", (["Fe"], "H", "J"), simple | {"intent_correlation": "dft+u"}),
+        ("_magnetic_class", (["Fe"], "H", "J", "class3"), simple | {"intent_magnetism": "3"}),
+        ("_material_family", (["Fe"], "mode0", "class2", "H", "archetype1"), {}),
+    ]
+    assert calls[8][2]["query_intent"] is intent
+    assert found["species"] is calls[-1][1][0]
+    assert found["evidence"] == [
+        "prose-scanned fallback species ['Fe'] (low confidence)",
+        "formula hint H",
+        "structure mode=mode0",
+        "structure archetype=archetype1",
+        "electronic class=class2",
+        "correlation class=class3",
+        "user query flagged as basic (LLM intent) \u2014 complex-material heuristics suppressed",
+        "magnetic class=class4",
+        "material family=family5",
+    ]
+
+
+@pytest.mark.parametrize("empty", [None, {}, [], (), 0, "", False])
+def test_empty_inputs_are_handed_on_as_empty(record, empty):
+    calls = record(_combined_text="", _species_from_element_block=[], _formula_parts=[])
+    names = ("step_params", "findings", "planner_manifest", "previous_steps_params", "query_intent")
+    characterize(**dict.fromkeys(names, empty))
+    assert calls == [
+        ("_combined_text", ("", [], None, None), {}),
+        ("_species_from_element_block", (None,), {}),
+    ]
+
+
+def test_cross_check_asks_for_the_parts_by_name(record):
+    calls = record(_formula_parts=[("Fe", 1)], _formula_hint="H")
+    assert characterize(query_intent={"species": ["fe"]})["formula_hint"] == "H"
+    assert characterize(query_intent={"species": ["O"]})["formula_hint"] == ""
+    assert calls[1::2] == [("_formula_parts", ("H",), {})] * 2
+
+
+def test_complexity_flag():
+    for hint in (" Simple ", "TUTORIAL", "minimal", "basic", "simplest", "beginner", 0):
+        found = characterize(query_intent={"complexity_hint": hint})
+        flagged = any("flagged as" in line for line in found["evidence"])
+        assert flagged == (str(hint).strip().lower() in ("simple", "tutorial", "minimal", "basic"))
+        assert found["intent_complexity"] == (hint.strip().lower() if hint else "")
+
+
+def test_intent_driven():
+    for key in ("species", "formula", "correlation", "magnetism", "complexity_hint"):
+        assert characterize(query_intent={key: "x"})["intent_driven"] is True
+        blank = {key: " ", "units": {"energy": "eV"}, "structure_description": "2d"}
+        assert characterize(query_intent=blank)["intent_driven"] is False
+
+
+def test_labels_of_no_decision_leave_no_message(record):
+    record(**dict.fromkeys(LABELS, "unknown") | {"_material_family": "other"})
+    assert characterize(query_text="bulk 2d metal")["evidence"] == []
+    record(**dict.fromkeys(LABELS, "other") | {"_material_family": "unknown"})
+    assert len(characterize()["evidence"]) == 6

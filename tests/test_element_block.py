@@ -1,0 +1,74 @@
+"""The species that a step's element block declares."""
+
+import collections
+import types
+
+import pytest
+
+from tavik_agent import material_characterization as mc
+
+
+class Getter(dict):
+    def get(self, key, default=None):
+        return "Ni" if key == "species" else super().get(key, default)
+
+
+class Iterating(list):
+    def __iter__(self):
+        yield {"species": "Cu"}
+
+
+REORDERED = collections.OrderedDict(Fe=1, O=2)
+REORDERED.move_to_end("Fe")
+
+
+@pytest.mark.parametrize(
+    ("block", "species"),
+    [
+        # a list of mappings
+        ([{"species": " fe "}, {"species": "O"}, {"species": "FE"}], ["Fe", "O"]),
+        (["Fe", {"species": "Si"}, None, [{"species": "O"}]], ["Si"]),
+        ([{"Fe": 1}, {"species": ["O"]}, {"species": 8}, {"species": " \u2003"}, {}], []),
+        ([{"species": "Fe O"}, {"species": "Xx"}], ["Fe o", "Xx"]),
+        ([types.MappingProxyType({"species": "Fe"}), Getter()], ["Fe", "Ni"]),
+        (Iterating(), ["Cu"]),
+        # a mapping: its own species first, then its entries in order
+        ({"Fe": {"species": "Fe"}, "O": {}}, ["Fe"]),
+        ({"Fe": "Fe.upf", "O": 2, "Si": None, "FE": []}, ["Fe", "O", "Si"]),
+        ({"O": 1, "Fe": 1, "species": "Fe", "basis": "dzp"}, ["Fe", "O"]),
+        ({"O": 1, "species": {"species": "Ni"}}, ["O", "Ni"]),  # an entry like any other
+        ({"Iron": 1, "Fe1": 1, "F1": 1, "F ": 1, "": 1, 26: 1, None: 1, b"Fe": 1}, []),
+        (Getter(O=1), ["Ni", "O"]),
+        (REORDERED, ["O", "Fe"]),
+        (collections.ChainMap({"O": 1}, {"species": "Fe"}), ["Fe", "O"]),
+        # letters of any script, counted in characters; a combining mark is none
+        ({"é": 1, "\U0001d400\U0001d401": 1, "é2": 1, "e\u0301": 1}, ["É", "\U0001d400\U0001d401"]),
+        # first character to upper case (not title case), the rest to lower case by itself
+        ([{"species": "ßX"}, {"species": "\u01c6"}], ["SSx", "\u01c4"]),
+        ([{"species": "A\u03a3"}, {"species": "xİ"}], ["A\u03c3", "Xi\u0307"]),  # no final sigma
+        ([{"species": "f\ud800\0E"}], ["F\ud800\0e"]),
+        *((block, []) for block in (None, "Fe", 26, ({"species": "Fe"},), [], {})),
+    ],
+)
+def test_declared_species(block, species):
+    assert mc._species_from_element_block(block) == species
+
+
+def test_missing_species_is_asked_for_and_not_made():
+    block = collections.defaultdict(lambda: "Fe")
+    assert mc._species_from_element_block(block) == []
+    assert not block
+
+
+def test_block_that_changes_while_it_is_read():
+    class Changes(dict):
+        def get(self, key, default=None):
+            del rows[1:]
+            table["Si"] = 1
+            return "Fe"
+
+    rows, table = [Changes(), {"species": "O"}], {"Fe": Changes(), "O": 1}
+    assert mc._species_from_element_block(rows) == ["Fe"]
+    del table["Si"]
+    with pytest.raises(RuntimeError, match="dictionary changed size during iteration"):
+        mc._species_from_element_block(table)

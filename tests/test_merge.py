@@ -1,0 +1,121 @@
+"""The confidence score, and the merge with an earlier characterization."""
+
+import collections
+import itertools
+import math
+import types
+
+import pytest
+
+from tavik_agent import material_characterization as mc
+
+CLASSES = ["_structure_mode", "_electronic_class", "_magnetic_class", "_correlation_class"]
+INCREMENTS = [0.2, 0.15, 0.15, 0.15, 0.1, 0.1]
+
+
+@pytest.mark.parametrize("found", list(itertools.product([False, True], repeat=6)))
+def test_confidence(record, found):
+    species, *classes, formula = found
+    record(
+        **{name: "x" if known else "unknown" for name, known in zip(CLASSES, classes, strict=True)}
+    )
+    record(_structure_archetype="graphene_2d", _material_family="oxide")  # do not count
+    intent = {"species": ["Fe"] * species, "formula": "X" * formula}
+    confidence = mc.characterize_material(step="", query_intent=intent)["confidence"]
+    expected = 0.25
+    for increment in itertools.compress(INCREMENTS, found):
+        expected += increment
+    assert type(confidence) is float
+    assert confidence == min(round(expected, 2), 0.95)
+
+
+def merge(base, step="", **inputs):
+    return mc.characterize_material(step=step, base_characterization=base, **inputs)
+
+
+@pytest.mark.parametrize("base", [None, {}, [], 0, "", collections.ChainMap()])
+def test_empty_base_is_none(base):
+    assert merge(base, query_text="eV") == mc.characterize_material(step="", query_text="eV")
+
+
+@pytest.mark.parametrize(
+    ("base", "call", "merged"),
+    [
+        ({"material_family": "oxide", "magnetic_class": "x"}, {}, {}),
+        ({"x": 1}, {}, {"x": 1, "material_family": "other", "magnetic_class": "unknown"}),
+        ({"material_family": None, "formula_hint": 0}, {}, {}),  # there, so not filled
+        ({"species": ("Fe",)}, {"query_intent": {"species": "o"}}, {"species": ["O"]}),
+        ({"formula_hint": "FeO"}, {"query_intent": {"formula": " "}}, {}),
+        ({"formula_hint": "FeO"}, {"query_text": "NiO"}, {"formula_hint": "NiO"}),
+        ({"explicit_spin_mode": "", "requested_energy_unit": "eV"}, {}, {}),
+        ({"step": "RELAX", "intent_complexity": "basic", "note": ""}, {}, {}),
+        ({"step": "RELAX"}, {"step": "scf"}, {"step": "SCF"}),
+        ({"intent_driven": True}, {}, {"intent_driven": False}),
+        # the base's species are the call's last source, so they count
+        ({"species": ["Fe", "O"], "confidence": 0.1}, {}, {"confidence": 0.65}),
+    ],
+)
+def test_merged_values(base, call, merged):
+    found = merge(types.MappingProxyType(base), **call)
+    assert type(found) is dict
+    assert found | base | merged == found
+
+
+def test_keys_keep_the_order_in_which_they_are_written():
+    found = merge({"x": 1, "formula_hint": "", "confidence": 0}, step="scf")
+    written = "x formula_hint confidence step intent_driven evidence structure_mode "
+    written += "structure_archetype electronic_class magnetic_class correlation_class "
+    written += "material_family species requested_energy_unit explicit_spin_mode"
+    assert " ".join(found) == written
+
+
+@pytest.mark.parametrize(
+    ("earlier", "before"),
+    [
+        (["A", "B", "A"], ["A", "B"]),
+        (("B", "structure mode=periodic_bulk", "A"), ["B", "structure mode=periodic_bulk", "A"]),
+        ({"A": 1, 3: 2}, ["A", 3]),
+        *((empty, []) for empty in (None, [], "", 0)),
+    ],
+)
+def test_evidence_accumulates_without_repeats(earlier, before):
+    message = "query requested eV energy semantics (prose fallback)"
+    new = [line for line in ("structure mode=periodic_bulk", message) if line not in before]
+    assert merge({"evidence": earlier}, query_text="bulk eV")["evidence"] == before + new
+
+
+class Number:
+    def __float__(self):
+        return 0.75
+
+
+@pytest.mark.parametrize(
+    ("earlier", "confidence"),
+    [
+        *((value, 0.25) for value in (None, "", 0, 0.1, -1, "0.2", "-inf", [], 0.25)),
+        *((value, 0.75) for value in (0.75, "\u3000 0.75\n", Number())),
+        *((True, 1.0), (2, 2.0), ("1_0.5", 10.5), ("\u0661", 1.0), ("inf", math.inf)),
+    ],
+)
+def test_confidence_never_falls(earlier, confidence):
+    found = merge({"confidence": earlier})["confidence"]
+    assert (type(found), found) == (float, confidence)
+
+
+def test_confidence_that_is_no_number_stays():
+    assert math.isnan(merge({"confidence": "nan"})["confidence"])
+
+
+@pytest.mark.parametrize("earlier", ["high", "0.5 0.6", [0.5], 1j, "0.5\0", "\ud800"])
+def test_confidence_that_is_refused(earlier):
+    with pytest.raises((TypeError, ValueError)) as by_host:
+        float(earlier)
+    with pytest.raises(by_host.type) as caught:
+        merge({"confidence": earlier})
+    assert str(caught.value) == str(by_host.value)
+
+
+@pytest.mark.parametrize("base", [5, "x", [1], {1}])
+def test_base_that_is_no_mapping(base):
+    with pytest.raises((AttributeError, TypeError)):
+        merge(base)

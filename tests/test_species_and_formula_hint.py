@@ -1,0 +1,103 @@
+"""What prose says about the species, and the one formula that names the material.
+
+The phrase tables are searched in one way when they were there at load and in another when they
+were rebound later, so every row runs both ways.
+"""
+
+import collections
+
+import pytest
+
+from tavik_agent import material_characterization as mc
+
+
+@pytest.mark.parametrize(
+    ("text", "species"),
+    [
+        ("NiO and Fe2O3", "Ni O Fe"),
+        # compound names, then element names, then formulas; the tables' order within each
+        ("NiO on oxygen iron", "Fe O Ni"),
+        ("Cu NiO iron gallium arsenide rutile", "Ti O Ga As Fe Cu Ni"),
+        ("green salt", "Na Cl"),  # the formula of the longer phrase is none
+        ("IRON nic\u212ael \u0130RON fe2o3", "Fe Ni"),  # a Kelvin sign lowers to k
+        ("tin Sn", "sn Sn"),  # a symbol is taken as the table has it
+        # only blanks and the ends of the stripped text delimit a phrase
+        ("iron, (iron) iron. irons environ\niron\n x\tiron x\u00a0iron gallium  arsenide", ""),
+        ("\u3000iron\n", "Fe"),
+        ("\0 iron \ud800", "Fe"),
+        ("oxygen tin", "O sn"),  # neighbours share a blank
+        ("In this run, HSe GaAs", "In Ga As"),
+        (["iron", "NiO"], "Ni O"),
+        (" ", ""),
+        (None, ""),
+    ],
+)
+def test_species_from_text(with_tables, text, species):
+    assert with_tables()._species_from_text(text) == species.split()
+
+
+@pytest.mark.parametrize(
+    ("text", "species", "hint"),
+    [
+        ("Xy2 HSe Fe02 and NiO", ["Cu"], "Fe02"),
+        ("In GaAs, compute the gap", [], "In"),
+        ("CO, gallium arsenide on rutile", [], "TiO2"),  # the table's order decides
+        ("some green salt", [], "FeXy"),  # as stored, although no formula
+        ("xyz", [" Si ", "Si", "", " \n"], "Si"),
+        ("", ["O", "Zn"], "ZnO"),
+        ("", ["Ni", "O", "Ni"], "NiO"),
+        ("", "O", "O"),
+        *(("", species, "") for species in (["Fe", "O", "Ni"], ["Ga", "As"], ["o", "Zn"], [])),
+        ("", [None], "None"),
+        (None, {"O": 1, 8: 2}.keys(), "8O"),
+        (["NiO"], [], "NiO"),
+        ("NiO", 5, "NiO"),  # species are read only when the text decides nothing
+    ],
+)
+def test_formula_hint(with_tables, text, species, hint):
+    assert with_tables()._formula_hint(text, species) == hint
+
+
+def test_species_must_be_iterable():
+    with pytest.raises(TypeError, match="'int' object is not iterable"):
+        mc._formula_hint("", 5)
+
+
+@pytest.mark.parametrize(
+    ("phrases", "text", "hint"),
+    [
+        ({"Rutile": "TiO2"}, "Rutile", ""),  # phrases are not lowered
+        ({3: "AlN"}, "phase 3 of", "AlN"),
+        *(({"": "AlN"}, text, hint) for text, hint in (("", "AlN"), ("a b", ""), ("a  b", "AlN"))),
+        ({" iron": "AlN"}, "x iron", ""),
+        ({" iron": "AlN"}, "x  iron", "AlN"),
+        ({"a\ud800\0é": "AlN"}, "x A\ud800\0É y", "AlN"),
+        ({"red lead oxide": "PbO", "lead": "Pb"}, "red lead", "Pb"),  # one begins within another
+        (collections.OrderedDict(b="BN", a="AlN"), "a b", "BN"),
+        (collections.ChainMap({"b": "BN"}, {"a": "AlN"}), "a b", "AlN"),
+        (collections.UserDict(b="BN", a="AlN"), "a b", "BN"),
+    ],
+)
+def test_phrases_as_tables_may_hold_them(with_tables, phrases, text, hint):
+    assert with_tables(FORMULA_ALIASES=phrases)._formula_hint(text, []) == hint
+
+
+def test_order_and_values_of_a_table_are_kept(with_tables):
+    names = collections.OrderedDict(iron="".join(["F", "e"]), oxygen="O")
+    names.move_to_end("iron")
+    module = with_tables(ELEMENT_NAME_ALIASES=names, FORMULA_ALIASES=names)
+    assert module._species_from_text("iron oxygen") == ["O", "Fe"]
+    assert module._formula_hint("iron", []) is names["iron"]
+
+
+@pytest.mark.parametrize("name", ["FORMULA_ALIASES", "ELEMENT_NAME_ALIASES"])
+def test_table_that_is_no_mapping(monkeypatch, name):
+    monkeypatch.setattr(mc, name, [("iron", "Fe")])
+    with pytest.raises(AttributeError, match="items"):
+        mc._species_from_text("iron")
+
+
+def test_parts_of_a_compound_are_asked_for_by_name(record):
+    calls = record(_formula_parts=[("Q", 1), ("Fe", 2)])
+    assert mc._species_from_text("rutile iron") == ["Q", "Fe"]
+    assert calls == [("_formula_parts", ("TiO2",), {})]
