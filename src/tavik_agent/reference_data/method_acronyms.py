@@ -17,9 +17,9 @@ Crystallography, Volume A, for the space groups.
 
 Left out because a formula would be lost: HF (Hf, hydrogen fluoride), SI (Si), SIC (SiC), CO (Co,
 CO), NI (Ni), OS (Os), PBS (PbS), SC (Sc), TI (Ti), NP (Np), NBO (NbO), WC (WC), CN (cyanides), INS
-(InS), BP (BP), HFC (HfC); HE and BE, since helium and beryllium are written more often than the
-sentence words; RE (Re); W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than
-for units, axes or points of the Brillouin zone.
+(InS), BP (BP), HFC (HfC); HE, since helium is written more often than the sentence word; RE (Re);
+W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for units, axes or points
+of the Brillouin zone.
 """
 
 from typing import Final
@@ -45,7 +45,9 @@ METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
         # Words in capitals that stand in requests.
         "SPIN", "SPINS", "PHONON", "PHONONS", "PHYSICS", "BOSON", "FOCUS", "SKIP", "UNKNOWN",
         "INFO", "CONV", "ISO", "OK", "ON", "OFF", "OF", "UPON", "IS", "IF", "BY", "HOW", "NOW",
-        "WHO", "WHY", "OWN", "SHOW", "SUCH", "WHICH", "YOU", "FYI",
+        "WHO", "WHY", "OWN", "SHOW", "SUCH", "WHICH", "YOU", "FYI", "NON",
+        # Elastic constants of the crystal classes, and the parameters of an equation of state.
+        "C12", "C13", "C22", "C23", "C33", "C44", "C55", "C66", "B0", "V0",
         # Structures, lattices and their symbols: lattice types, Strukturbericht designations, space
         # groups whose first piece would read as an element with a count ("P63/mmc", "I4/mmm",
         # "C2/m"). "Fm-3m" and "Pm-3m" are in the last group.
@@ -69,9 +71,9 @@ METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
         # Deliberate exceptions: entries that equal an element symbol or a formula.
         #
         # Sentence words: "In this work", "As a test", "I want to", "No magnetism", "At 300 K", "Am
-        # I right". Names and phrases such as "in-doped" and "as-rich" bring the elements back;
-        # nitric oxide is found by name.
-        "IN", "AS", "I", "NO", "AT", "AM",
+        # I right", "Be careful". Names and phrases such as "in-doped", "as-rich" and "of be" bring
+        # the elements back; nitric oxide is found by name.
+        "IN", "AS", "I", "NO", "AT", "AM", "BE",
         # Notation: kelvin and the point K, volt and group V, Hubbard U, pascal and the space group
         # Pa-3. "bcc k", "bulk v", "alpha-u" and their like bring the metals back.
         "K", "V", "U", "PA",

@@ -237,6 +237,8 @@ _NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "tin vacancies": "Sn",
         "tin interstitial": "Sn",
         "tin oxide": "Sn",
+        "tin sulfide": "Sn",
+        "tin sulphide": "Sn",
         "tin oxides": "Sn",
         "tin halide": "Sn",
         "tin halides": "Sn",
@@ -290,7 +292,7 @@ _NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "siv center": "Si",
         "siv centre": "Si",
         # Symbols that are no formulas because they are notation far more often, see the acronyms: V
-        # (volt, groups III-V), K (kelvin), U (Hubbard U), I (the pronoun), In and As (sentence
+        # (volt, groups III-V), K (kelvin), U (Hubbard U), I (the pronoun), Be, In and As (sentence
         # words). The usual contexts bring the element back. "Bulk in" is no such context ("silicon
         # bulk in the diamond structure"), nor is "as atoms".
         "bcc v": "V",
@@ -346,6 +348,15 @@ _NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "i migration": "I",
         "i adatom": "I",
         "iodine-doped": "I",
+        "of be": "Be",
+        "relax be": "Be",
+        "pure be": "Be",
+        "be metal": "Be",
+        "be atom": "Be",
+        "be atoms": "Be",
+        "be surface": "Be",
+        "be(0001)": "Be",
+        "be-doped": "Be",
         "of in": "In",
         "bct in": "In",
         "in-doped": "In",

@@ -96,6 +96,7 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "no adsorbed": "NO",
         "water on": "H2O",
         "water adsorption": "H2O",
+        "water uptake": "H2O",
         "water adsorbed": "H2O",
         "adsorbed water": "H2O",
         "water adlayer": "H2O",

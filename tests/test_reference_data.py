@@ -1,0 +1,116 @@
+"""What holds for every table: form, order, and that no entry undoes another."""
+
+import re
+from pathlib import Path
+from types import MappingProxyType
+
+import pytest
+from tavik_agent.method_acronyms import METHOD_ACRONYMS
+
+from tavik_agent import material_reference_data as data
+from tavik_agent import method_acronyms
+
+PART = re.compile(r"([A-Z][a-z]?)(\d*)")
+PHRASES = {"compounds": data.FORMULA_ALIASES, "elements": data.ELEMENT_NAME_ALIASES}
+GAPS = data.SEMICONDUCTOR_FORMULAS | data.INSULATOR_FORMULAS
+FORMULAS = GAPS | data.DFTU_SENSITIVE_FORMULAS | {*data.FORMULA_ALIASES.values()}
+SPECIES = {
+    "nonmagnetic": data.NONMAGNETIC_METAL_SPECIES,
+    "complex": data.COMPLEX_MAGNETIC_SPECIES,
+    "ferromagnets": data.phase1_simple_ferromagnet_species(),
+    "seeds": data.collinear_magmom_seed_species(),
+}
+# Acronyms that are element symbols or formulas when read in capitals. Each has its reason, and the
+# phrases that bring the element or compound back, in the last group of the acronyms.
+DELIBERATE = {
+    *("IN", "AS", "I", "NO", "AT", "AM", "BE", "K", "V", "U", "PA", "FM", "PM", "US", "UP", "BO"),
+    *("VB", "SCC", "SCO", "HS", "C2"),
+}
+
+
+def test_tables_cannot_be_changed():
+    assert all(type(table) is MappingProxyType for table in PHRASES.values())
+    sets = [data.KNOWN_ELEMENT_SYMBOLS, GAPS, data.DFTU_SENSITIVE_FORMULAS, METHOD_ACRONYMS]
+    assert all(type(table) is frozenset for table in [*sets, *SPECIES.values()])
+
+
+def test_every_element_is_known_and_has_a_name():
+    assert len(data.KNOWN_ELEMENT_SYMBOLS) == 118
+    assert {*data.ELEMENT_NAME_ALIASES.values()} == data.KNOWN_ELEMENT_SYMBOLS
+
+
+@pytest.mark.parametrize(
+    ("names", "symbol"),
+    [
+        ("aluminium aluminum", "Al"),
+        ("sulfur sulphur", "S"),
+        ("caesium cesium", "Cs"),
+        ("tungsten wolfram", "W"),
+    ],
+)
+def test_names_in_every_spelling(names, symbol):
+    assert {data.ELEMENT_NAME_ALIASES.get(name) for name in names.split()} == {symbol}
+
+
+def test_formulas_are_runs_of_known_symbols():
+    for formula in FORMULAS:
+        parts = PART.findall(formula)
+        assert "".join(symbol + count for symbol, count in parts) == formula
+        assert {symbol for symbol, _ in parts} <= data.KNOWN_ELEMENT_SYMBOLS, formula
+
+
+@pytest.mark.parametrize("species", SPECIES.values(), ids=SPECIES)
+def test_species_are_known(species):
+    assert species <= data.KNOWN_ELEMENT_SYMBOLS
+
+
+@pytest.mark.parametrize("table", PHRASES.values(), ids=PHRASES)
+def test_phrases_can_be_found(table):
+    """A phrase is looked for in stripped, lowered text, between single blanks."""
+    assert [p for p in table if p != " ".join(p.split()) or p != p.lower() or not p] == []
+
+
+# Words of ordinary requests, among them lower-case spellings of formulas, and structure types that
+# many compounds share. As a row, each would put its compound into requests about something else.
+EVERYDAY = """
+    alas as at ban bar base basis be bin boss bulk can case cause clay close coin con coo cook cop
+    copies cups film gap gas glass hose i ice in is lead lime loss no nose on phase pin pins pure
+    rust salt sand save scan sic sin snow so son spin steel surface this tin us use water
+    anatase-type antiperovskite diamond delafossite fluorite garnet heusler kagome kesterite olivine
+    perovskite pyrochlore pyrite rocksalt rutile skutterudite spinel sphalerite wurtzite zincblende
+"""
+
+
+@pytest.mark.parametrize("table", PHRASES.values(), ids=PHRASES)
+def test_no_phrase_is_an_everyday_word(table):
+    assert {*EVERYDAY.split()} & table.keys() == set()
+
+
+def test_no_compound_row_is_hidden():
+    """A row is hidden when an earlier row with another formula matches wherever it does."""
+    position = {phrase: number for number, phrase in enumerate(data.FORMULA_ALIASES)}
+    hidden = []
+    for phrase, formula in data.FORMULA_ALIASES.items():
+        words = phrase.split(" ")
+        spans = [(i, j) for i in range(len(words)) for j in range(i + 1, len(words) + 1)]
+        inner = {" ".join(words[i:j]) for i, j in spans} & position.keys()
+        earlier = [other for other in inner if position[other] < position[phrase]]
+        hidden += [(phrase, o) for o in earlier if data.FORMULA_ALIASES[o] != formula]
+    assert hidden == []
+
+
+def test_no_formula_has_two_gap_classes():
+    assert not data.SEMICONDUCTOR_FORMULAS & data.INSULATOR_FORMULAS
+
+
+def test_acronyms_swallow_no_formula_but_the_deliberate_ones():
+    assert all(acronym == acronym.upper() for acronym in METHOD_ACRONYMS)
+    readable = {text.upper() for text in FORMULAS | data.KNOWN_ELEMENT_SYMBOLS}
+    assert readable & METHOD_ACRONYMS == DELIBERATE
+
+
+def test_every_table_names_its_sources():
+    files = [*Path(data.__file__).parent.glob("*.py"), Path(method_acronyms.__file__)]
+    tables = [file for file in files if file.stem not in ("__init__", "sentence_marks")]
+    without = [file.name for file in tables if "Source" not in file.read_text(encoding="utf-8")]
+    assert without == []
