@@ -89,6 +89,7 @@ def test_name_is_missing(name):
     except ImportError as by_host:
         assert (type(error), str(error)) == (type(by_host), str(by_host)), error
         assert error.name == by_host.name == {companion!r}
+        assert error.name_from == by_host.name_from == {name!r}
     setattr(sys.modules[{companion!r}], {name!r}, held)
     check_works()
     """)
@@ -135,4 +136,18 @@ def test_sub_interpreters():
         failure = _interpreters.run_string(other, {COMPANIONS + "check_works()"!r})
         assert failure is None, failure
         _interpreters.destroy(other)
+    """)
+
+
+def test_module_that_was_not_executed_refuses_calls():
+    run("""
+    import importlib.util
+    spec = importlib.util.find_spec("tavik_agent.material_characterization")
+    try:
+        importlib.util.module_from_spec(spec).classify_system_class(["Fe"])
+    except RuntimeError as error:
+        assert str(error) == "material_characterization is not loaded"
+    else:
+        raise AssertionError
+    check_works()
     """)

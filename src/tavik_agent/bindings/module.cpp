@@ -14,7 +14,8 @@ struct State {
   Module* module;  ///< none before the module is loaded
 };
 
-State& raw_state(PyObject* module) { return *static_cast<State*>(PyModule_GetState(module)); }
+/// No state before the module is executed.
+State* raw_state(PyObject* module) { return static_cast<State*>(PyModule_GetState(module)); }
 
 template <class Entry>
 PyMethodDef describe(const char* name, Entry entry, const char* docstring) {
@@ -30,20 +31,20 @@ int load(PyObject* module) noexcept {
       [&] {
         Value names = Value::borrow(PyModule_GetDict(module));
         fill_namespace(names);
-        raw_state(module).module = new Module(std::move(names));
+        raw_state(module)->module = new Module(std::move(names));
         return 0;
       },
       -1);
 }
 
 int traverse(PyObject* module, visitproc visit, void* arg) {
-  Module* const held = raw_state(module).module;
+  Module* const held = raw_state(module)->module;
   if (held == nullptr) return 0;
   return held->for_each_held([&](Value& value) { return visit(value.get(), arg); });
 }
 
 int clear(PyObject* module) {
-  Module* const held = raw_state(module).module;
+  Module* const held = raw_state(module)->module;
   if (held == nullptr) return 0;
   return held->for_each_held([](Value& value) {
     value = Value();
@@ -51,7 +52,7 @@ int clear(PyObject* module) {
   });
 }
 
-void unload(void* module) { delete raw_state(static_cast<PyObject*>(module)).module; }
+void unload(void* module) { delete raw_state(static_cast<PyObject*>(module))->module; }
 
 // The host keeps pointers into these tables and never changes them.
 PyMethodDef functions[] = {
@@ -94,11 +95,11 @@ PyModuleDef definition = {
 }  // namespace
 
 Module& state_of(PyObject* module) {
-  Module* const held = raw_state(module).module;
-  if (held == nullptr || !held->is_live()) {
+  const State* const state = raw_state(module);
+  if (state == nullptr || state->module == nullptr || !state->module->is_live()) {
     host::raise(PyExc_RuntimeError, "material_characterization is not loaded");
   }
-  return *held;
+  return *state->module;
 }
 
 }  // namespace tavik::bindings

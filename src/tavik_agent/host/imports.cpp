@@ -1,9 +1,6 @@
 // Imports worded as the host's import statement words them, and calls with keywords.
 #include "host/imports.hpp"
 
-#include <string>
-#include <vector>
-
 #include "host/objects.hpp"
 #include "host/strings.hpp"
 
@@ -18,6 +15,14 @@ Value find_attribute(const Value& object, const Value& name) {
              : Value::steal(found);
 }
 
+/// Ends the current call with the error that is set, after giving it one more attribute.
+[[noreturn]] void throw_with(const char* attribute, const Value& value) {
+  const Value error = Value::steal(PyErr_GetRaisedException());
+  check(PyObject_SetAttrString(error.get(), attribute, value.get()));
+  PyErr_SetRaisedException(error.another().release());
+  throw Error{};
+}
+
 [[noreturn]] void raise_cannot_import(const Value& module, const Value& module_name,
                                       const Value& name) {
   const Value file = find_attribute(module, string("__file__"));
@@ -25,7 +30,7 @@ Value find_attribute(const Value& object, const Value& name) {
   const Value text = Value::steal(PyUnicode_FromFormat("cannot import name %R from %R (%U)",
                                                        name.get(), module_name.get(), place.get()));
   PyErr_SetImportError(text.get(), module_name.get(), file ? file.get() : nullptr);
-  throw Error{};
+  throw_with("name_from", name);
 }
 
 }  // namespace
@@ -42,7 +47,8 @@ Value import_from(const char* module, const char* name) {
 Value look_up(const Value& names, const Value& name) {
   PyObject* found = nullptr;
   if (check(PyDict_GetItemRef(names.get(), name.get(), &found)) == 0) {
-    raise(PyExc_NameError, "name '%U' is not defined", name.get());
+    PyErr_Format(PyExc_NameError, "name '%U' is not defined", name.get());
+    throw_with("name", name);
   }
   return Value::steal(found);
 }
