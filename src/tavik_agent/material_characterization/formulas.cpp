@@ -1,5 +1,6 @@
 // Formula tokens, their parts, and the symbols in them. Counts become numbers only for a caller of
-// `_formula_parts`; nothing inside the module needs them.
+// `_formula_parts` in the host: nothing inside the module needs them, and a long run of digits
+// costs more to convert than to read.
 #include "material_characterization/formulas.hpp"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 
 #include "host/objects.hpp"
 #include "host/strings.hpp"
-#include "material_characterization/calls.hpp"
 #include "text/formula.hpp"
 
 namespace tavik::characterization {
@@ -16,18 +16,29 @@ namespace {
 
 Value count_of(std::string_view digits) { return host::integer(digits.empty() ? "1" : digits); }
 
+/// The parts of a formula; none when it is malformed or names an unknown symbol.
+std::vector<text::FormulaPart> accepted_parts(const Module& module, std::string_view text) {
+  auto parts = text::split_formula(text, host::character_tables());
+  for (const auto& part : parts) {
+    const Value symbols = module.look_up(Global::KNOWN_ELEMENT_SYMBOLS);
+    if (!host::contains(symbols, host::string(part.symbol))) return {};
+  }
+  return parts;
+}
+
+/// What stands in place of `_formula_parts`; no object when nothing does.
+Value replacement(const Module& module) {
+  Value current = module.look_up(Global::_formula_parts);
+  return module.is_own(Global::_formula_parts, current) ? Value() : std::move(current);
+}
+
 }  // namespace
 
 Value _formula_parts(const Module& module, const Value& token) {
-  const Value written = host::text_form_or_empty(token);
-  const host::Utf8 text(written);
+  const host::Utf8 text(host::text_form_or_empty(token));
   Value parsed = host::new_list();
-  for (const auto& [symbol, digits] : text::split_formula(text.view(), host::character_tables())) {
-    const Value species = host::string(symbol);
-    if (!host::contains(module.look_up(Global::KNOWN_ELEMENT_SYMBOLS), species)) {
-      return host::new_list();
-    }
-    host::append(parsed, host::tuple_of(species, count_of(digits)));
+  for (const auto& [symbol, count] : accepted_parts(module, text.view())) {
+    host::append(parsed, host::tuple_of(host::string(symbol), count_of(count)));
   }
   return parsed;
 }
@@ -45,13 +56,22 @@ void for_each_candidate(const Module& module, Text& text,
 }
 
 bool is_formula(const Module& module, const Value& token) {
-  return !host::is_empty(invoke<_formula_parts>(module, Global::_formula_parts, token));
+  if (const Value other = replacement(module)) return !host::is_empty(host::call(other, token));
+  const host::Utf8 text(host::text_form_or_empty(token));
+  return !accepted_parts(module, text.view()).empty();
 }
 
 Value symbols_of(const Module& module, const Value& formula) {
   Value symbols = host::new_list();
-  host::Iterator parts(invoke<_formula_parts>(module, Global::_formula_parts, formula));
-  while (const Value part = parts.next()) host::append(symbols, host::unpack_pair(part).first);
+  if (const Value other = replacement(module)) {
+    host::Iterator parts(host::call(other, formula));
+    while (const Value part = parts.next()) host::append(symbols, host::unpack_pair(part).first);
+    return symbols;
+  }
+  const host::Utf8 text(host::text_form_or_empty(formula));
+  for (const auto& part : accepted_parts(module, text.view())) {
+    host::append(symbols, host::string(part.symbol));
+  }
   return symbols;
 }
 
