@@ -8,14 +8,6 @@ namespace tavik::characterization {
 
 using host::Value;
 
-namespace {
-
-PhraseTable index_if_lasting(const Value& mapping) {
-  return host::is_read_only_mapping(mapping) ? PhraseTable(mapping) : PhraseTable();
-}
-
-}  // namespace
-
 Module::Module(Value names)
     : namespace_(std::move(names)),
       mapping_type_(host::import_from("collections.abc", "Mapping")),
@@ -24,8 +16,8 @@ Module::Module(Value names)
       record_keys_(host::interned<RecordKey>()),
       input_keys_(host::interned<InputKey>()) {
   for (const Global name : host::all_words<Global>()) own_[name] = look_up(name);
-  formula_aliases_ = index_if_lasting(own_[Global::FORMULA_ALIASES]);
-  element_names_ = index_if_lasting(own_[Global::ELEMENT_NAME_ALIASES]);
+  formula_aliases_ = PhraseTable::index(own_[Global::FORMULA_ALIASES]);
+  element_names_ = PhraseTable::index(own_[Global::ELEMENT_NAME_ALIASES]);
 }
 
 Value Module::look_up(Global name) const { return host::look_up(namespace_, names_[name]); }
@@ -46,15 +38,11 @@ bool Module::has_key(const Value& mapping, InputKey key) const {
 
 bool Module::is_mapping(const Value& value) const { return host::is_mapping(value, mapping_type_); }
 
-const PhraseTable* Module::index_of(Global name, const Value& current) const {
-  if (!is_own(name, current) || !host::is_read_only_mapping(current)) return nullptr;
-  return name == Global::FORMULA_ALIASES ? &formula_aliases_ : &element_names_;
-}
-
 void Module::for_each_phrase(Global name, std::string_view words,
                              const PhraseVisitor& visit) const {
   const Value table = look_up(name);
-  if (const PhraseTable* index = index_of(name, table)) return index->for_each_match(words, visit);
+  const auto& index = name == Global::FORMULA_ALIASES ? formula_aliases_ : element_names_;
+  if (index && is_own(name, table)) return index->for_each_match(words, visit);
   for_each_match(table, words, visit);
 }
 

@@ -3,6 +3,8 @@
 // only read afterwards, so calls on several threads need no lock.
 #pragma once
 
+#include <optional>
+
 #include "host/value.hpp"
 #include "host/vocabulary.hpp"
 #include "material_characterization/labels.hpp"
@@ -51,16 +53,14 @@ class Module {
     each(labels_);
     each(record_keys_);
     each(input_keys_);
-    each(formula_aliases_.held());
-    each(element_names_.held());
+    if (formula_aliases_) each(formula_aliases_->held());
+    if (element_names_) each(element_names_->held());
     if (stop == 0 && mapping_type_) stop = action(mapping_type_);
     if (stop == 0 && namespace_) stop = action(namespace_);
     return stop;
   }
 
  private:
-  const PhraseTable* index_of(Global name, const host::Value& current) const;
-
   host::Value namespace_;
   host::Value mapping_type_;
   host::Indexed<Global> names_;
@@ -68,8 +68,8 @@ class Module {
   host::Indexed<Label> labels_;
   host::Indexed<RecordKey> record_keys_;
   host::Indexed<InputKey> input_keys_;
-  PhraseTable formula_aliases_;
-  PhraseTable element_names_;
+  std::optional<PhraseTable> formula_aliases_;
+  std::optional<PhraseTable> element_names_;
 };
 
 }  // namespace tavik::characterization

@@ -22,13 +22,17 @@ std::string between_blanks(std::string_view words) {
 
 }  // namespace
 
-PhraseTable::PhraseTable(const Value& mapping) {
+std::optional<PhraseTable> PhraseTable::index(const Value& mapping) {
+  if (!host::is_read_only_mapping(mapping)) return std::nullopt;
+  PhraseTable table;
   Iterator rows(host::items(mapping));
   while (const Value row = rows.next()) {
     auto [phrase, meaning] = host::unpack_pair(row);
-    index_.add(Utf8(host::text_form(phrase)).view(), meanings_.size());
-    meanings_.push_back(std::move(meaning));
+    if (!host::is_exact_string(phrase)) return std::nullopt;
+    table.index_.add(Utf8(phrase).view(), table.meanings_.size());
+    table.meanings_.push_back(std::move(meaning));
   }
+  return table;
 }
 
 void PhraseTable::for_each_match(std::string_view words, const PhraseVisitor& visit) const {

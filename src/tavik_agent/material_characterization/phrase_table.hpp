@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -13,11 +14,11 @@ namespace tavik::characterization {
 /// Receives what a phrase stands for; answers whether to go on.
 using PhraseVisitor = std::function<bool(const host::Value& meaning)>;
 
-/// A read-only phrase table with an index over its phrases.
+/// A lasting phrase table with an index over its phrases.
 class PhraseTable {
  public:
-  PhraseTable() = default;
-  explicit PhraseTable(const host::Value& mapping);
+  /// Nothing for a mapping that may change, or whose phrases are not plain strings.
+  static std::optional<PhraseTable> index(const host::Value& mapping);
 
   /// Visits the rows whose phrase occurs in `words`, in the order of the table.
   void for_each_match(std::string_view words, const PhraseVisitor& visit) const;
