@@ -9,7 +9,7 @@
 namespace tavik::host {
 namespace {
 
-/// The built-in types that most values have and that no one can declare to be mappings.
+/// The built-in types that most values have, none of which the host counts among its mappings.
 bool is_plainly_no_mapping(const Value& value) {
   PyObject* const object = value.get();
   return value.is_null() || PyUnicode_CheckExact(object) || PyList_CheckExact(object) ||
@@ -139,10 +139,19 @@ Iterator::Iterator(const Value& iterable) {
                 : Value::steal(PyObject_GetIter(object));
 }
 
+Value Iterator::next_of_list() {
+  PyObject* const item = PyList_GetItemRef(walked_.get(), at_++);
+  if (item == nullptr && PyErr_ExceptionMatches(PyExc_IndexError)) {
+    PyErr_Clear();  // another thread made the list shorter meanwhile
+    return Value();
+  }
+  return Value::steal(item);
+}
+
 Value Iterator::next() {
   PyObject* const walked = walked_.get();
   if (PyList_CheckExact(walked)) {
-    return at_ < PyList_GET_SIZE(walked) ? Value::steal(PyList_GetItemRef(walked, at_++)) : Value();
+    return at_ < PyList_GET_SIZE(walked) ? next_of_list() : Value();
   }
   if (PyTuple_CheckExact(walked)) {
     return at_ < PyTuple_GET_SIZE(walked) ? Value::borrow(PyTuple_GET_ITEM(walked, at_++))

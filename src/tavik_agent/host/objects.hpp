@@ -17,7 +17,7 @@ inline bool is_exact_set(const Value& value) { return PyAnySet_CheckExact(value.
 inline bool is_list(const Value& value) { return PyList_Check(value.get()); }
 /// `mapping_type` is the host's abstract mapping, collections.abc.Mapping.
 bool is_mapping(const Value& value, const Value& mapping_type);
-/// A mapping proxy: what it shows cannot be changed through it.
+/// A mapping proxy. Who shows a table through one promises that it will not change.
 inline bool is_read_only_mapping(const Value& value) {
   return Py_IS_TYPE(value.get(), &PyDictProxy_Type);
 }
@@ -92,6 +92,8 @@ class Iterator {
   Value next();
 
  private:
+  Value next_of_list();
+
   Value walked_;  ///< an exact list or tuple, or else the host's iterator
   Py_ssize_t at_ = 0;
 };

@@ -3,6 +3,7 @@
 #include "host/strings.hpp"
 
 #include <algorithm>
+#include <string>
 
 #include "host/objects.hpp"
 

@@ -4,7 +4,6 @@
 
 #include "host/objects.hpp"
 #include "host/strings.hpp"
-#include "material_characterization/calls.hpp"
 #include "material_characterization/characterization.hpp"
 
 namespace tavik::characterization {

@@ -41,8 +41,9 @@ void take_species_in_prose(Characterization& call) {
 /// As the earlier record holds them: unstripped, repeats included, and without a message.
 void take_species_of_base(Characterization& call) {
   call.species = host::new_list();
-  host::Iterator items(
-      host::list_of(call.module.read(call.base_characterization, RecordKey::species)));
+  const Value named = call.module.read(call.base_characterization, RecordKey::species);
+  if (host::is_empty(named)) return;
+  host::Iterator items(named);
   while (const Value item = items.next()) {
     const Value text = host::text_form(item);
     if (!host::is_empty(host::strip(text))) host::append(call.species, text);
