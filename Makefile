@@ -7,17 +7,19 @@ PYTHON ?= python3.13
 ifeq ($(origin CXX),default)
 CXX := c++
 endif
-QUERY ?=
+# As it was typed: a dollar sign in a request is no reference to a variable.
+override QUERY := $(value QUERY)
 export CXX QUERY
 
 venv := .venv
 bin := $(venv)/bin
+tools_named := .tools-named
 tools_ready := $(venv)/.tools
 module_ready := $(venv)/.module
 cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
 py := $(shell find src -name '*.py')
 
-.PHONY: run test lint format clean check-tools
+.PHONY: run test lint format clean check-tools FORCE
 
 run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
@@ -36,19 +38,24 @@ format: check-tools $(tools_ready)
 	$(bin)/ruff format .
 
 clean:
-	rm -rf $(venv) build
+	rm -rf $(venv) build $(tools_named)
 
 check-tools:
 	@scripts/check-tools.sh "$(PYTHON)" "$(CXX)"
 
-$(tools_ready): requirements.txt | check-tools
-	@echo "setting up $(venv) ..."
+# Another Python or compiler than last time starts afresh.
+$(tools_named): FORCE | check-tools
+	@echo '$(PYTHON) $(CXX)' | cmp -s - $@ || \
+	  { rm -rf $(venv) build && echo '$(PYTHON) $(CXX)' > $@; }
+
+$(tools_ready): requirements.txt $(tools_named)
+	@echo "setting up $(venv) (half a minute, once) ..." >&2
 	@$(PYTHON) -m venv --clear $(venv)
 	@$(bin)/python -m pip install --quiet --disable-pip-version-check -r requirements.txt
 	@touch $@
 
 $(module_ready): $(tools_ready) $(cpp) $(py) CMakeLists.txt pyproject.toml
-	@echo "building the module ..."
+	@echo "building the module ..." >&2
 	@$(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation --no-deps \
 	  --force-reinstall --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON .
 	@touch $@
