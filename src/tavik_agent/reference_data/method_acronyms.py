@@ -5,8 +5,8 @@ entry covers every spelling in capitals and small letters: IN drops "IN" and "In
 
 Criterion: the word occurs in requests for calculations (methods, programs, notation, units,
 structure symbols, sentence words), and some spelling of it could pass as a formula of at most eight
-element symbols. DFT, PBE, GGA, HSE, DOS or VASP hold a letter that is no element; they need no
-entry and have none.
+element symbols. The methods of the first group are named for completeness: in capitals most of them
+hold a letter that is no element, and only a spelling such as "HSe" for HSE could pass.
 
 An entry must not swallow a formula that people write. The few that do are in the last group, each
 with the reason and with the phrases that bring the element or compound back.
@@ -27,6 +27,10 @@ from typing import Final
 # fmt: off
 METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
     {
+        # Methods and functionals.
+        "DFT", "TDDFT", "DFPT", "DMFT", "LDA", "LSDA", "GGA", "PBE", "PBESOL", "PBE0", "RPBE",
+        "REVPBE", "SCAN", "R2SCAN", "TPSS", "BLYP", "B3LYP", "HSE", "HSE03", "HSE06", "BSE", "GW",
+        "G0W0", "RPA", "MP2", "CCSD", "CASSCF", "AIMD", "NEB", "PAW", "LAPW", "FLAPW", "LCAO",
         # Self-consistency, wave functions, basis sets, convergence.
         "SCF", "NSCF", "VSCF", "CPSCF", "PWSCF", "PW", "FP", "KS", "KB", "HK", "FC", "IFC", "IFCS",
         "FCS", "SCPH", "PBC", "PBCS", "BC", "BCS", "SP", "NN", "NNN", "NC",
