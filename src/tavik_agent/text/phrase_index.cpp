@@ -28,26 +28,25 @@ class Words {
 }  // namespace
 
 void PhraseIndex::add(std::string_view phrase, std::size_t row) {
-  NodeNumber node = root;
+  Node node = root;
   for (Words words(phrase); !words.at_end();) {
-    const auto [edge, is_new] =
-        nodes_[node].next.try_emplace(std::string(words.next()), nodes_.size());
-    node = edge->second;
-    if (is_new) nodes_.emplace_back();
+    const auto [step, is_new] = next_.try_emplace({node, std::string(words.next())}, rows_.size());
+    if (is_new) rows_.push_back(no_row);
+    node = step->second;
   }
-  nodes_[node].rows.push_back(row);
+  rows_[node] = row;
 }
 
 std::set<std::size_t> PhraseIndex::find(std::string_view text) const {
   std::set<std::size_t> found;
   for (Words starts(text); !starts.at_end(); starts.next()) {
     Words words = starts;
-    NodeNumber node = root;
+    Node node = root;
     while (!words.at_end()) {
-      const auto edge = nodes_[node].next.find(words.next());
-      if (edge == nodes_[node].next.end()) break;
-      node = edge->second;
-      found.insert(nodes_[node].rows.begin(), nodes_[node].rows.end());
+      const auto step = next_.find(Step<std::string_view>{node, words.next()});
+      if (step == next_.end()) break;
+      node = step->second;
+      if (rows_[node] != no_row) found.insert(rows_[node]);
     }
   }
   return found;

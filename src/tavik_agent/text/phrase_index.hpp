@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -14,24 +15,39 @@ namespace tavik::text {
 
 class PhraseIndex {
  public:
-  /// Adds a phrase under the number of its row.
+  /// Adds a phrase, which must be new, under the number of its row.
   void add(std::string_view phrase, std::size_t row);
 
   /// The rows whose phrase occurs in `text`.
   std::set<std::size_t> find(std::string_view text) const;
 
  private:
-  struct Hash : std::hash<std::string_view> {
+  /// The words read so far.
+  using Node = std::size_t;
+  static constexpr Node root = 0;
+  static constexpr std::size_t no_row = static_cast<std::size_t>(-1);
+
+  template <class String>
+  struct Step {
+    Node from;
+    String word;
+  };
+  struct Hash {
     using is_transparent = void;
+    std::size_t operator()(const auto& step) const {
+      constexpr std::size_t spread = 0x9E3779B97F4A7C15U;  // so that equal words part by their node
+      return std::hash<std::string_view>{}(step.word) ^ (step.from * spread);
+    }
   };
-  using NodeNumber = std::size_t;
-  /// What may follow the words read so far, and the rows that end here.
-  struct Node {
-    std::unordered_map<std::string, NodeNumber, Hash, std::equal_to<>> next;
-    std::vector<std::size_t> rows;
+  struct Equal {
+    using is_transparent = void;
+    bool operator()(const auto& left, const auto& right) const {
+      return left.from == right.from && left.word == right.word;
+    }
   };
-  static constexpr NodeNumber root = 0;
-  std::vector<Node> nodes_ = std::vector<Node>(1);
+
+  std::unordered_map<Step<std::string>, Node, Hash, Equal> next_;
+  std::vector<std::size_t> rows_{no_row};  ///< of the phrase that ends at each node
 };
 
 }  // namespace tavik::text
