@@ -37,7 +37,7 @@ REORDERED.move_to_end("Fe")
         ({"Fe": "Fe.upf", "O": 2, "Si": None, "FE": []}, ["Fe", "O", "Si"]),
         ({"O": 1, "Fe": 1, "species": "Fe", "basis": "dzp"}, ["Fe", "O"]),
         ({"O": 1, "species": {"species": "Ni"}}, ["O", "Ni"]),  # an entry like any other
-        ({"Iron": 1, "Fe1": 1, "F1": 1, "F ": 1, "": 1, 26: 1, None: 1, b"Fe": 1}, []),
+        ({"Iron": 1, "Fex": 1, "Fe1": 1, "F1": 1, "F ": 1, "": 1, 26: 1, None: 1, b"Fe": 1}, []),
         (Getter(O=1), ["Ni", "O"]),
         (REORDERED, ["O", "Fe"]),
         (collections.ChainMap({"O": 1}, {"species": "Fe"}), ["Fe", "O"]),

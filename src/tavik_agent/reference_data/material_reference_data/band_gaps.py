@@ -85,8 +85,8 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         "MnS2", "CuFeS2", "CuInP2S6", "AgInP2S6", "Cu3VS4", "Cu3NbS4", "Cu3TaS4", "CdCr2S4",
         "CdCr2Se4", "HgCr2Se4", "BaZrS3", "SrZrS3", "CaZrS3", "BaHfS3", "SrHfS3", "BaTiS3",
         # Layered magnets: ferromagnetic or antiferromagnetic semiconductors by measured gap.
-        "CrI3", "CrBr3", "CrSBr", "CrGeTe3", "Cr2Ge2Te6", "CrSiTe3", "Cr2Si2Te6", "CrPS4", "MnPS3",
-        "FePS3", "NiPS3", "MnPSe3", "FePSe3", "NiI2",
+        "CrI3", "CrBr3", "VI3", "CrSBr", "CrGeTe3", "Cr2Ge2Te6", "CrSiTe3", "Cr2Si2Te6", "CrPS4",
+        "MnPS3", "FePS3", "NiPS3", "MnPSe3", "FePSe3", "NiI2",
         # Chalcopyrites.
         "CuAlS2", "CuAlSe2", "CuAlTe2", "CuGaS2", "CuGaSe2", "CuGaTe2", "CuInS2", "CuInSe2",
         "CuInTe2", "CuInGaSe2", "AgAlS2", "AgAlSe2", "AgAlTe2", "AgGaS2", "AgGaSe2", "AgGaTe2",
@@ -125,10 +125,10 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # p-type conductors). The textbook Mott and charge-transfer insulators with gaps below the
         # limit (CoO, FeO, La2CuO4, LaMnO3, LaTiO3, LaVO3, Sr2IrO4, UO2, alpha-RuCl3) stay out:
         # usage calls them insulators, and so does their entry among the correlated formulas.
-        "Fe2O3", "CuO", "Cr2O3", "Co3O4", "Mn3O4", "BiFeO3", "LaFeO3", "YFeO3", "ZnFe2O4",
-        "MgFe2O4", "CaFe2O4", "CuFe2O4", "CuFeO2", "CuCrO2", "CuBi2O4", "CuWO4", "FeWO4", "MnWO4",
-        "CoWO4", "NiWO4", "FeTiO3", "CoTiO3", "NiTiO3", "FeVO4", "Ti2O3", "EuTiO3", "LiCoO2",
-        "Ag2CrO4", "CeO2",
+        "Fe2O3", "FeOOH", "FeO2H", "FeHO2", "CuO", "Cr2O3", "Co3O4", "Mn3O4", "BiFeO3", "LaFeO3",
+        "YFeO3", "ZnFe2O4", "MgFe2O4", "CaFe2O4", "CuFe2O4", "CuFeO2", "CuCrO2", "CuBi2O4", "CuWO4",
+        "FeWO4", "MnWO4", "CoWO4", "NiWO4", "FeTiO3", "CoTiO3", "NiTiO3", "FeVO4", "Ti2O3",
+        "EuTiO3", "LiCoO2", "Ag2CrO4", "CeO2",
         # Chalcogenides and hydrides of the rare earths, and hydrides.
         "EuO", "EuS", "EuSe", "EuTe", "SmS", "SmSe", "SmTe", "YbS", "YbSe", "YbTe", "TmTe",
         "La2S3", "Ce2S3", "YH3", "Mg2NiH4", "Mg2FeH6",
