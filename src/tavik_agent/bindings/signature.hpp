@@ -40,9 +40,15 @@ inline constexpr std::string_view opening = "($module, /, ";
 inline constexpr std::string_view closing = ")\n--\n\n";
 inline constexpr std::string_view separator = ", ";
 
+/// Where `word` starts in `text`; the end of the text when it is not there. Spelt out, since
+/// sanitizers keep string_view::find from being evaluated by the compiler.
+constexpr std::size_t position(std::string_view text, std::string_view word) {
+  return static_cast<std::size_t>(std::ranges::search(text, word).begin() - text.begin());
+}
+
 constexpr Parameter read_parameter(std::string_view text) {
-  const std::size_t equals = text.find('=');
-  if (equals == std::string_view::npos) return {text};
+  const std::size_t equals = position(text, "=");
+  if (equals == text.size()) return {text};
   const bool is_text = text.substr(equals + 1) == R"("")";
   return {text.substr(0, equals), is_text ? Default::empty_text : Default::null};
 }
@@ -52,14 +58,14 @@ constexpr Parameter read_parameter(std::string_view text) {
 consteval Signature read_signature(std::string_view docstring) {
   using namespace signatures;
   Signature signature;
-  const std::size_t open = docstring.find(opening);
+  const std::size_t open = position(docstring, opening);
   signature.name = docstring.substr(0, open);
   const std::size_t begin = open + opening.size();
-  signature.written = docstring.substr(begin, docstring.find(closing) - begin);
+  signature.written = docstring.substr(begin, position(docstring, closing) - begin);
 
   bool keyword_only = false;
   for (std::string_view rest = signature.written; !rest.empty();) {
-    const std::string_view word = rest.substr(0, rest.find(separator));
+    const std::string_view word = rest.substr(0, position(rest, separator));
     rest.remove_prefix(std::min(rest.size(), word.size() + separator.size()));
     if (word == "*") {
       keyword_only = true;
