@@ -6,9 +6,9 @@ sets are frozensets, mappings are mapping proxies whose order is part of their m
 three functions return the same immutable data at every call.
 
 To add an entry:
-- a compound name goes into the names file of its chemistry, a formula that people type in small
-  letters into the formulas file of its anion; above every shorter phrase that is a part of it. The
-  file compound_names.py shows the order of the files.
+- a compound name goes into the names file of its chemistry, above every shorter phrase that is a
+  part of it; a formula that people type in small letters into written_formulas.py. The file
+  compound_names.py shows the order of the files.
 - a formula with a measured gap goes into band_gaps.py, in every spelling that people write, and
   into one of its two tables only.
 - a formula that is calculated with +U goes into correlation.py, unless it is a metal.

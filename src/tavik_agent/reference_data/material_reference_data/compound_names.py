@@ -7,20 +7,16 @@ their order.
 from collections.abc import Mapping
 from typing import Final
 
-from .binary_formulas import BINARY_FORMULAS
 from .bracketed_formulas import BRACKETED_FORMULAS, FORMULAS_IN_CONTEXT
 from .chalcogenide_names import CHALCOGENIDE_NAMES
 from .mineral_names import MINERAL_NAMES
 from .molecule_names import MOLECULE_NAMES
-from .oxide_formulas import OXIDE_FORMULAS
 from .oxide_names import OXIDE_NAMES
 from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
-from .salt_formulas import SALT_FORMULAS
 from .sentence_marks import with_sentence_marks
-from .substrate_formulas import SUBSTRATE_FORMULAS
 from .surface_names import SUBSTRATE_NAMES, SURFACE_NAMES
-from .ternary_formulas import TERNARY_FORMULAS
+from .written_formulas import WRITTEN_FORMULAS
 
 # Meaning: a lower-case phrase that names a compound, and its formula.
 # Criterion: the phrase names one compound wherever it stands. No structure types, no everyday
@@ -42,11 +38,7 @@ FORMULA_ALIASES: Final[Mapping[str, str]] = with_sentence_marks(
         # Formulas as people type them.
         **BRACKETED_FORMULAS,
         **FORMULAS_IN_CONTEXT,
-        **SALT_FORMULAS,
-        **OXIDE_FORMULAS,
-        **TERNARY_FORMULAS,
-        **BINARY_FORMULAS,
-        **SUBSTRATE_FORMULAS,
+        **WRITTEN_FORMULAS,
         # Supports, faces, hosts; then what is adsorbed on them.
         **SUBSTRATE_NAMES,
         **SURFACE_NAMES,
