@@ -14,6 +14,10 @@ PART = re.compile(r"([A-Z][a-z]?)(\d*)")
 PHRASES = {"compounds": data.FORMULA_ALIASES, "elements": data.ELEMENT_NAME_ALIASES}
 GAPS = data.SEMICONDUCTOR_FORMULAS | data.INSULATOR_FORMULAS
 FORMULAS = GAPS | data.DFTU_SENSITIVE_FORMULAS | {*data.FORMULA_ALIASES.values()}
+MOLECULES = {
+    *("H2", "N2", "O2", "O3", "CO", "CO2", "NO", "NO2", "N2O", "H2O", "NH3", "CH4", "C2H2", "SO2"),
+    *("H2S", "HF", "HCl", "P4", "S8"),
+}
 SPECIES = {
     "nonmagnetic": data.NONMAGNETIC_METAL_SPECIES,
     "complex": data.COMPLEX_MAGNETIC_SPECIES,
@@ -24,7 +28,7 @@ SPECIES = {
 # phrases that bring the element or compound back, in the last group of the acronyms.
 DELIBERATE = {
     *("IN", "AS", "I", "NO", "AT", "AM", "BE", "K", "V", "U", "PA", "FM", "PM", "US", "UP", "BO"),
-    *("VB", "SCC", "SCO", "HS", "C2"),
+    *("RE", "CF", "CM", "VB", "SCC", "SCO", "HS", "C2", "P4"),
 }
 
 
@@ -105,7 +109,7 @@ def test_no_formula_has_two_gap_classes():
 
 def test_acronyms_swallow_no_formula_but_the_deliberate_ones():
     assert all(acronym == acronym.upper() for acronym in METHOD_ACRONYMS)
-    readable = {text.upper() for text in FORMULAS | data.KNOWN_ELEMENT_SYMBOLS}
+    readable = {t.upper() for t in FORMULAS | MOLECULES | data.KNOWN_ELEMENT_SYMBOLS}
     assert readable & METHOD_ACRONYMS == DELIBERATE
 
 

@@ -17,7 +17,7 @@ Crystallography, Volume A, for the space groups.
 
 Left out because a formula would be lost: HF (Hf, hydrogen fluoride), SI (Si), SIC (SiC), CO (Co,
 CO), NI (Ni), OS (Os), PBS (PbS), SC (Sc), TI (Ti), NP (Np), NBO (NbO), WC (WC), CN (cyanides), INS
-(InS), BP (BP), HFC (HfC); HE, since helium is written more often than the sentence word; RE (Re);
+(InS), BP (BP), HFC (HfC); HE, since helium is written more often than the sentence word;
 W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for units, axes or points
 of the Brillouin zone.
 """
@@ -46,7 +46,11 @@ METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
         # Programs, input tags, force fields, simulation methods.
         "FHI", "CP2K", "PYSCF", "PHON", "PHONOPY", "PSI4", "ISPIN", "ISIF", "NSW", "NPH", "FSSH",
         "SSH", "SISSO", "SPC", "BOP", "NNP", "UFF", "PCFF", "CVFF", "PI",
+        # Further abbreviations of methods, quantities and devices.
+        "CSP", "CBS", "VBO", "CBO", "SBH", "ISC", "VOC", "VOCS", "PIC", "OSC", "PSI", "PNP", "NPN",
+        "PIN", "CNN", "CPP", "SPS", "POISSON", "KOHN",
         # Words in capitals that stand in requests.
+        "ION", "IONS", "KNOWN",
         "SPIN", "SPINS", "PHONON", "PHONONS", "PHYSICS", "BOSON", "FOCUS", "SKIP", "UNKNOWN",
         "INFO", "CONV", "ISO", "OK", "ON", "OFF", "OF", "UPON", "IS", "IF", "BY", "HOW", "NOW",
         "WHO", "WHY", "OWN", "SHOW", "SUCH", "WHICH", "YOU", "FYI", "NON",
@@ -78,6 +82,10 @@ METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
         # I right", "Be careful". Names and phrases such as "in-doped", "as-rich" and "of be" bring
         # the elements back; nitric oxide is found by name.
         "IN", "AS", "I", "NO", "AT", "AM", "BE",
+        # "Re-relax", "Re-run"; "of re" and its like bring rhenium back.
+        "RE",
+        # "Cf. Fig. 2" and the space group Cm; californium, curium and graphite fluoride have names.
+        "CF", "CM",
         # Notation: kelvin and the point K, volt and group V, Hubbard U, pascal and the space group
         # Pa-3. "bcc k", "bulk v", "alpha-u" and their like bring the metals back.
         "K", "V", "U", "PA",

@@ -21,7 +21,7 @@ Physics, 97th edition (2016).
 
 Left out on purpose: compounds whose class depends on the author, the phase or the temperature (S,
 TiS2, TiSe2, ZrTe5, Fe2VAl, VO2, V2O3, MnO2, PbO2, Zn3N2, GdN, CrN), and those between the limits
-without settled usage, each named at its group.
+without settled usage; most are named at their group.
 """
 
 from typing import Final
@@ -132,6 +132,9 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # Chalcogenides and hydrides of the rare earths, and hydrides.
         "EuO", "EuS", "EuSe", "EuTe", "SmS", "SmSe", "SmTe", "YbS", "YbSe", "YbTe", "TmTe",
         "La2S3", "Ce2S3", "YH3", "Mg2NiH4", "Mg2FeH6",
+        # Further chalcogenides, pnictides, halides and oxides of main-group and d10 metals.
+        "InVO4", "InNbO4", "InTaO4", "Sn2P2S6", "In4Se3", "GeAs", "SiAs", "SiP", "Cs2Te", "Cs2TeI6",
+        "RbSnI3", "Ag8SnSe6", "Ca2Si", "CaZn2Sb2", "LaOBiS2",
         # Organic crystals.
         "C22H14", "C18H12", "C42H28",
     }
@@ -203,6 +206,9 @@ INSULATOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # Correlated halides with gaps far above the limit; also among the correlated formulas.
         "MnF2", "FeF2", "CoF2", "NiF2", "MnCl2", "NiCl2", "KMnF3", "KCoF3", "KNiF3", "RbMnF3",
         "K2NiF4", "K2MnF4", "BaMnF4", "BaNiF4", "CeF3",
+        # Further halides, selenides, oxides and salts.
+        "CaHfO3", "SrSe", "CaSe", "BeSe", "LiScO2", "Cs2NaInCl6", "Cs2ZrCl6", "Cs2HfCl6", "MgSO4",
+        "ZnSO4", "ThSiO4", "BeCl2", "MgI2", "CaI2", "LiPF6", "BaN2O6",
     }
 )
 # fmt: on

@@ -14,6 +14,7 @@ from .molecule_names import MOLECULE_NAMES
 from .oxide_names import OXIDE_NAMES
 from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
+from .prototype_names import PROTOTYPE_NAMES
 from .sentence_marks import with_sentence_marks
 from .surface_names import SUBSTRATE_NAMES, SURFACE_NAMES
 from .written_formulas import WRITTEN_FORMULAS
@@ -39,6 +40,7 @@ FORMULA_ALIASES: Final[Mapping[str, str]] = with_sentence_marks(
         **BRACKETED_FORMULAS,
         **FORMULAS_IN_CONTEXT,
         **WRITTEN_FORMULAS,
+        **PROTOTYPE_NAMES,
         # Supports, faces, hosts; then what is adsorbed on them.
         **SUBSTRATE_NAMES,
         **SURFACE_NAMES,

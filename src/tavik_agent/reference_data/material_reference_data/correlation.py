@@ -49,8 +49,8 @@ DFTU_SENSITIVE_FORMULAS: Final[frozenset[str]] = frozenset(
         "SmMnO3", "EuMnO3", "GdMnO3", "TbMnO3", "DyMnO3", "HoMnO3", "ErMnO3", "LuMnO3", "ScMnO3",
         "InMnO3", "BiMnO3", "CaMnO3", "SrMnO3", "BaMnO3", "CaMn7O12", "CaMn2O4", "LaFeO3", "YFeO3",
         "PrFeO3", "NdFeO3", "SmFeO3", "EuFeO3", "GdFeO3", "TbFeO3", "DyFeO3", "HoFeO3", "ErFeO3",
-        "LuFeO3", "BiFeO3", "CaFeO3", "Sr2Fe2O5", "Ca2Fe2O5", "LuFe2O4", "LaCoO3", "PrCoO3",
-        "NdCoO3", "GdCoO3", "YCoO3", "BiCoO3", "Ca3Co2O6", "Ca3CoMnO6", "PrNiO3", "NdNiO3",
+        "LuFeO3", "BiFeO3", "Sr2Fe2O5", "Ca2Fe2O5", "LuFe2O4", "LaCoO3", "PrCoO3",
+        "NdCoO3", "GdCoO3", "YCoO3", "BiCoO3", "Ca3Co2O6", "Ca3CoMnO6",
         "SmNiO3", "EuNiO3", "GdNiO3", "DyNiO3", "HoNiO3", "YNiO3", "LuNiO3", "BiNiO3", "La2NiO4",
         "Pr2NiO4", "Nd2NiO4", "LaSrMnO4", "La2NiMnO6", "La2CoMnO6", "La2FeCrO6", "Bi2NiMnO6",
         "Bi2FeCrO6", "Sr2CrOsO6", "KBiFe2O5",
@@ -77,7 +77,7 @@ DFTU_SENSITIVE_FORMULAS: Final[frozenset[str]] = frozenset(
         # Oxides of 4d and 5d metals for which +U (or +U with spin-orbit coupling) is standard, all
         # insulating. SrRuO3, Sr2RuO4 and the noble-metal dioxides are metals.
         "Ca2RuO4", "Sr2IrO4", "Ba2IrO4", "Sr3Ir2O7", "Na2IrO3", "Li2IrO3", "Y2Ir2O7", "Eu2Ir2O7",
-        "Sm2Ir2O7", "Nd2Ir2O7", "NaOsO3", "Ba2NaOsO6",
+        "Sm2Ir2O7", "NaOsO3", "Ba2NaOsO6",
         # Oxyhalides.
         "TiOCl", "TiOBr", "VOCl", "VOBr", "CrOCl", "CrOBr", "FeOCl", "FeOF",
         # Fluorides.
@@ -110,7 +110,7 @@ DFTU_SENSITIVE_FORMULAS: Final[frozenset[str]] = frozenset(
         "CeO", "CeO2", "Ce2O3", "Pr2O3", "PrO2", "Pr6O11", "Nd2O3", "Sm2O3", "EuO", "Eu2O3",
         "Eu3O4", "Gd2O3", "Tb2O3", "TbO2", "Tb4O7", "Dy2O3", "Ho2O3", "Er2O3", "Tm2O3", "Yb2O3",
         "Ce2S3", "EuS", "EuSe", "EuTe", "SmS", "SmSe", "SmTe", "TmTe", "SmB6", "YbB12",
-        "Ce3Bi4Pt3", "EuF2", "EuCl2", "CeF3", "CeCl3", "GdCl3", "GdI2", "GdBr2", "Dy2Ti2O7",
+        "Ce3Bi4Pt3", "EuF2", "EuCl2", "CeF3", "CeCl3", "GdCl3", "GdBr2", "Dy2Ti2O7",
         "Ho2Ti2O7", "Tb2Ti2O7", "Er2Ti2O7", "Yb2Ti2O7", "Gd2Ti2O7", "YbMgGaO4", "NaYbO2", "NaYbS2",
         "NaYbSe2",
         # Actinides with an open 5f shell. UO is only ever built from a list of elements and stands
@@ -136,6 +136,9 @@ _VANADATE_PARTNERS: Final = frozenset({"Bi", "Y", "In", "Ag"})
 # above. With Al, Ga, Sc and In it forms d10 delafossites.
 _CUPRATE_PARTNERS: Final = frozenset({"La", "Pr", "Nd", "Sm", "Eu", "Gd", "Ca", "Ba"})
 
+# With these beside the oxygen copper is Cu+, d10 (LaCuOS, LaCuOSe).
+_CHALCOGENS: Final = frozenset({"S", "Se", "Te"})
+
 # Carbon or nitrogen with oxygen on a metal is an adsorbate (CO, NO) or a molecule (carbonyls) far
 # more often than a carbonate or oxynitride; the carbonates are formulas of the table above.
 _ADSORBATE_ELEMENTS: Final = frozenset({"C", "N"})
@@ -156,4 +159,8 @@ def is_transition_metal_oxide(species: Sequence[str]) -> bool:
         return elements.isdisjoint(_VANADATE_PARTNERS)
     if open_shell:
         return True
-    return "Cu" in elements and not elements.isdisjoint(_CUPRATE_PARTNERS)
+    return (
+        "Cu" in elements
+        and not elements.isdisjoint(_CUPRATE_PARTNERS)
+        and elements.isdisjoint(_CHALCOGENS)
+    )

@@ -78,19 +78,9 @@ MINERAL_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "coffinite": "USiO4",
         "thorite": "ThSiO4",
         # Simple oxides. Rutile, corundum, bixbyite, baddeleyite and cuprite name structures that
-        # other compounds share; of these only phrases that can mean the mineral alone are rows.
-        # Anatase and brookite name TiO2 alone.
+        # other compounds share, see the prototypes. Anatase and brookite name TiO2 alone.
         "anatase": "TiO2",
         "brookite": "TiO2",
-        "of corundum": "Al2O3",
-        "bulk corundum": "Al2O3",
-        "of cuprite": "Cu2O",
-        "bulk cuprite": "Cu2O",
-        "of baddeleyite": "ZrO2",
-        "for baddeleyite": "ZrO2",
-        "bulk baddeleyite": "ZrO2",
-        "monoclinic baddeleyite": "ZrO2",
-        "mineral baddeleyite": "ZrO2",
         "periclase": "MgO",
         "quicklime": "CaO",
         "bromellite": "BeO",
@@ -198,15 +188,9 @@ MINERAL_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "herbertsmithite": "ZnCu3O6H6Cl2",
         "atacamite": "Cu2ClO3H3",
         # Sulfides. Pyrite, marcasite, chalcopyrite, kesterite, stannite, sphalerite, wurtzite,
-        # cinnabar and skutterudite name structures as well; of these only phrases that can mean the
-        # mineral alone are rows.
+        # cinnabar and skutterudite name structures as well, see the prototypes.
         "iron pyrite": "FeS2",
         "iron pyrites": "FeS2",
-        "of pyrite": "FeS2",
-        "bulk pyrite": "FeS2",
-        "pyrite surface": "FeS2",
-        "pyrite(100)": "FeS2",
-        "pyrite (100)": "FeS2",
         "fool's gold": "FeS2",
         "troilite": "FeS",
         "mackinawite": "FeS",
@@ -221,13 +205,6 @@ MINERAL_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "greenockite": "CdS",
         "hawleyite": "CdS",
         "metacinnabar": "HgS",
-        "of cinnabar": "HgS",
-        "for cinnabar": "HgS",
-        "bulk cinnabar": "HgS",
-        "mineral cinnabar": "HgS",
-        "cinnabar crystal": "HgS",
-        "cinnabar crystals": "HgS",
-        "cinnabar (hgs)": "HgS",
         "alabandite": "MnS",
         "hauerite": "MnS2",
         "cattierite": "CoS2",

@@ -19,6 +19,28 @@ from typing import Final
 # Oxides by metal, hydroxides, ceramic names, oxo salts.
 OXIDE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {
+        # With the oxidation state; halides and sulfides stand with the oxides here.
+        "iron(ii) chloride": "FeCl2",
+        "iron(iii) chloride": "FeCl3",
+        "iron(ii) fluoride": "FeF2",
+        "iron(iii) fluoride": "FeF3",
+        "iron(ii) sulfide": "FeS",
+        "nickel(ii) chloride": "NiCl2",
+        "nickel(ii) fluoride": "NiF2",
+        "cobalt(ii) chloride": "CoCl2",
+        "cobalt(ii) fluoride": "CoF2",
+        "manganese(ii) chloride": "MnCl2",
+        "manganese(ii) fluoride": "MnF2",
+        "copper(ii) fluoride": "CuF2",
+        "chromium(iii) iodide": "CrI3",
+        "chromium(iii) chloride": "CrCl3",
+        "vanadium(iii) iodide": "VI3",
+        "lead(ii) iodide": "PbI2",
+        "tin(ii) chloride": "SnCl2",
+        "titanium(iii) oxide": "Ti2O3",
+        "europium(ii) oxide": "EuO",
+        "samarium(iii) oxide": "Sm2O3",
+        "cerium(iii) oxide": "Ce2O3",
         # Oxides. Names that fit several oxides (iron oxide, copper oxide, manganese oxide, vanadium
         # oxide, cobalt oxide, tin oxide, chromium oxide) have no row. An oxide with only one common
         # composition does ("aluminum oxide").
@@ -204,8 +226,6 @@ OXIDE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "zirconia": "ZrO2",
         "anatase(101)": "TiO2",
         "anatase(001)": "TiO2",
-        "rutile(110)": "TiO2",
-        "rutile (110)": "TiO2",
         # Oxo salts.
         "aluminum phosphate": "AlPO4",
         "aluminium phosphate": "AlPO4",

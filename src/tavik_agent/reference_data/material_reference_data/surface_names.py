@@ -17,6 +17,10 @@ from typing import Final
 # Substrates, below all other names and formulas of compounds.
 SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {
+        # Graphene is a film on the substrates below and a substrate to the compounds above.
+        "graphene": "C",
+        "graphene/hbn": "C",
+        "graphene/h-bn": "C",
         # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
         # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
         "quartz": "SiO2",
@@ -35,6 +39,17 @@ SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "aluminium oxide": "Al2O3",
         "magnesia": "MgO",
         "magnesium oxide": "MgO",
+        # Hosts and substrates whose formula is a word in lower case.
+        "in sic": "SiC",
+        "on sic": "SiC",
+        "in alas": "AlAs",
+        "on alas": "AlAs",
+        "in bas": "BAs",
+        "in inn": "InN",
+        "in coo": "CoO",
+        "in alp": "AlP",
+        "in cui": "CuI",
+        "in pbs": "PbS",
     }
 )
 
@@ -190,6 +205,7 @@ SURFACE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "zn(0001)": "Zn",
         "be(0001)": "Be",
         "gd(0001)": "Gd",
+        "fe(111)": "Fe",
         "pt(001)": "Pt",
         "pd(001)": "Pd",
         "cu(001)": "Cu",
@@ -234,9 +250,38 @@ SURFACE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "in hcp mg": "Mg",
         "in bcc iron": "Fe",
         "in alpha-iron": "Fe",
+        # An oxide whose name leaves its composition open is named by its elements alone.
+        "on copper oxide": "CuO",
+        "on iron oxide": "FeO",
+        "in iron oxide": "FeO",
+        "in copper oxide": "CuO",
+        "in titanium oxide": "TiO",
+        "in niobium oxide": "NbO",
+        "in vanadium oxide": "VO",
         "in tungsten": "W",
         "in palladium": "Pd",
         "on platinum": "Pt",
         "on palladium": "Pd",
+        "on copper": "Cu",
+        "on nickel": "Ni",
+        "on silver": "Ag",
+        "on gold": "Au",
+        "on iron": "Fe",
+        "on rhodium": "Rh",
+        "on ruthenium": "Ru",
+        "on iridium": "Ir",
+        "on tungsten": "W",
+        "in iron": "Fe",
+        "in nickel": "Ni",
+        "in copper": "Cu",
+        "in aluminium": "Al",
+        "in aluminum": "Al",
+        "in titanium": "Ti",
+        "in zirconium": "Zr",
+        "in niobium": "Nb",
+        "in vanadium": "V",
+        "in tantalum": "Ta",
+        "in platinum": "Pt",
+        "in magnesium": "Mg",
     }
 )

@@ -189,7 +189,7 @@ _FORMULAS: Final[tuple[str, ...]] = (
     "CoI2", "NiI2", "TiCl3", "TiBr3", "VCl3", "VBr3", "VI3", "CrCl3", "CrBr3", "CrI3", "FeCl3",
     "FeBr3", "RuCl3", "RuBr3", "MoCl3", "Nb3Cl8", "Nb3Br8", "Nb3I8", "EuF2", "EuCl2", "CeF3",
     "CeCl3", "GdCl3", "GdI2", "GdBr2", "UF3", "UF4", "UCl3", "UCl4", "CuCl", "CuBr", "AgF",
-    "AgCl", "AgBr", "PbI2", "BiI3", "SbI3", "SnI2", "SnI4", "HgI2", "CdI2", "InI", "TlCl",
+    "AgCl", "AgBr", "PbI2", "BiI3", "SbI3", "SnI2", "SnI4", "HgI2", "InI", "TlCl",
     "TlBr", "TlI", "PbBr2", "LiF", "LiCl", "LiBr", "LiI", "NaF", "NaBr", "NaI", "KCl", "KBr",
     "RbF", "RbCl", "RbBr", "RbI", "CsF", "CsBr", "CsI", "BeF2", "MgF2", "SrF2", "ZnF2", "CdF2",
     "PbF2", "MgCl2", "CaCl2", "SrCl2", "BaCl2", "ZnCl2", "CdCl2", "PbCl2", "MgBr2", "CaBr2",
@@ -208,7 +208,7 @@ _FORMULAS: Final[tuple[str, ...]] = (
     "SmB6", "YbB12", "SiGe", "GeSi", "Mg2Si", "Mg2Ge", "Mg2Sn", "BaSi2", "CrSi2", "FeSi2",
     "FeSi", "Ru2Si3", "OsSi2", "B4C", "B12C3", "FeGa3", "RuGa3", "YH3", "C22H14", "C18H12",
     "C42H28", "Al4C3", "Mn3Ga", "Mn2Au", "Mn3Sn", "Mn3Ge", "Mn3Ir", "Mn3Pt", "MnPt", "IrMn3",
-    "Fe3Al", "Fe3Si", "FeAl", "Ni3Al", "NiAl", "TiAl", "Ti3Al", "Al3Ti", "TiAl3", "NiTi",
+    "Fe3Al", "Fe3Si", "FeAl", "Ni3Al", "Al3Sc", "NiAl", "TiAl", "Ti3Al", "Al3Ti", "TiAl3", "NiTi",
     "CuZn", "Cu3Au", "CuAu", "AuCu", "AuCu3", "FePt", "CoPt", "FePd", "FeCo", "FeNi", "NiFe",
     "FeRh", "FeCr", "CoFe", "SmCo5", "Sm2Co17", "YCo5", "Fe3C", "MnSi", "CoSi", "MnAl", "FeGe",
     "FeSn", "Fe3Sn2", "CoSn", "MgB2", "Nb3Sn", "Nb3Ge", "Nb3Al", "V3Si", "UPt3", "UGe2",
@@ -228,7 +228,7 @@ _FORMULAS: Final[tuple[str, ...]] = (
     # structure"): below all other formulas.
     "LiNbO3", "LiTaO3", "KTaO3", "MgAl2O4", "DyScO3", "GdScO3", "NdGaO3", "LaGaO3", "YAlO3",
     "LaAlO3", "SrTiO3", "InAs", "GaSb", "InP", "GaN", "AlN", "GaAs", "ZnO", "TiO2", "BaF2",
-    "CaF2", "Al2O3", "MgO", "SiO2", "NiAs", "ZnS", "CsCl", "NaCl",
+    "Al2O3", "MgO", "SiO2",
 )
 # fmt: on
 
