@@ -1,4 +1,4 @@
-"""The tables held to a collection of requests: tests/requests.toml, labelled by practitioners."""
+"""The tables held to the collection of requests in tests/requests, labelled by practitioners."""
 
 import tomllib
 from collections import Counter
@@ -8,7 +8,7 @@ import pytest
 
 from tavik_agent import material_characterization as mc
 
-REQUESTS = tomllib.loads(Path(__file__).with_name("requests.toml").read_text(encoding="utf-8"))
+FILES = sorted((Path(__file__).parent / "requests").glob("*.toml"))
 REQUIRED = 0.99
 
 
@@ -32,13 +32,16 @@ def missed_fields(request):
 
 
 def test_score(capsys):
-    requests = [(group, request) for group, rows in REQUESTS.items() for request in rows]
+    groups = [
+        item for file in FILES for item in tomllib.loads(file.read_text(encoding="utf-8")).items()
+    ]
+    requests = [(group, request) for group, rows in groups for request in rows]
     labelled = Counter(group for group, request in requests for _ in request["expect"])
     missed = [(group, request, missed_fields(request)) for group, request in requests]
     wrong = Counter(group for group, _, fields in missed for _ in fields)
     score = 1 - wrong.total() / labelled.total()
     with capsys.disabled():
-        print(f"\n{len(requests)} requests, {labelled.total()} labelled fields: {score:.1%} right")
+        print(f"\n{len(requests)} requests, {labelled.total()} labelled fields: {score:.2%} right")
         for group, request, fields in missed:
             for field, difference in fields.items():
                 print(f"  {group}: {request.get('query', request)!r}: {field} {difference}")

@@ -11,6 +11,7 @@ from .bracketed_formulas import BRACKETED_FORMULAS, FORMULAS_IN_CONTEXT
 from .chalcogenide_names import CHALCOGENIDE_NAMES
 from .mineral_names import MINERAL_NAMES
 from .molecule_names import MOLECULE_NAMES
+from .open_names import OPEN_NAMES
 from .oxide_names import OXIDE_NAMES
 from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
@@ -40,6 +41,8 @@ FORMULA_ALIASES: Final[Mapping[str, str]] = with_sentence_marks(
         **BRACKETED_FORMULAS,
         **FORMULAS_IN_CONTEXT,
         **WRITTEN_FORMULAS,
+        # Names that a written formula may specify or outrank.
+        **OPEN_NAMES,
         **PROTOTYPE_NAMES,
         # Supports, faces, hosts; then what is adsorbed on them.
         **SUBSTRATE_NAMES,

@@ -1,0 +1,52 @@
+"""Names that leave the composition open.
+
+Meaning: a lower-case name of two elements and the formula of their commonest compound.
+Criterion: the elements form several compounds that are simulated, one of them far more often. The
+rows stand below the formulas that are written out, so that "tantalum nitride Ta3N5" is about Ta3N5.
+Sources: CRC Handbook of Chemistry and Physics, 97th edition (2016), for the compounds there are.
+Left out: names without a commonest compound (iron oxide, copper chloride, indium selenide).
+"""
+
+from collections.abc import Mapping
+from types import MappingProxyType
+from typing import Final
+
+OPEN_NAMES: Final[Mapping[str, str]] = MappingProxyType(
+    {
+        # Oxides.
+        "tungsten oxide": "WO3",
+        "rhodium oxide": "Rh2O3",
+        "cerium oxide": "CeO2",
+        # Nitrides, carbides, pnictides, hydrides.
+        "tantalum nitride": "TaN",
+        "chromium nitride": "CrN",
+        "chromium carbide": "Cr3C2",
+        "iron arsenide": "FeAs",
+        "zinc phosphide": "Zn3P2",
+        "zinc arsenide": "Zn3As2",
+        "cadmium arsenide": "Cd3As2",
+        "cadmium phosphide": "Cd3P2",
+        "yttrium hydride": "YH3",
+        # Halides.
+        "tin iodide": "SnI2",
+        "chromium iodide": "CrI3",
+        "manganese fluoride": "MnF2",
+        "cobalt fluoride": "CoF2",
+        "nickel fluoride": "NiF2",
+        # Chalcogenides.
+        "germanium sulfide": "GeS",
+        "germanium sulphide": "GeS",
+        "manganese sulfide": "MnS",
+        "manganese sulphide": "MnS",
+        "molybdenum sulfide": "MoS2",
+        "molybdenum sulphide": "MoS2",
+        "gallium selenide": "GaSe",
+        "germanium selenide": "GeSe",
+        "iron selenide": "FeSe",
+        "manganese selenide": "MnSe",
+        "tin selenide": "SnSe",
+        "gallium telluride": "GaTe",
+        "iron telluride": "FeTe",
+        "manganese telluride": "MnTe",
+    }
+)
