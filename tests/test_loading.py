@@ -142,9 +142,9 @@ def test_sub_interpreters():
 def test_module_that_was_not_executed_refuses_calls():
     run("""
     import importlib.util
-    spec = importlib.util.find_spec("tavik_agent.material_characterization")
+    module_spec = importlib.util.find_spec("tavik_agent.material_characterization")
     try:
-        importlib.util.module_from_spec(spec).classify_system_class(["Fe"])
+        importlib.util.module_from_spec(module_spec).classify_system_class(["Fe"])
     except RuntimeError as error:
         assert str(error) == "material_characterization is not loaded"
     else:
