@@ -12,7 +12,7 @@ namespace tavik::characterization {
 
 /// The arguments; a new empty mapping stands in for an empty one.
 struct Inputs {
-  const Value& step;
+  const Value& given_step;
   Value step_params;
   Text& query_text;
   const Value& findings;
@@ -53,6 +53,9 @@ struct Characterization : Inputs {
   Value explicit_spin_mode;
   Value confidence;
 
+  Value step;
+  Value intent_driven;
+
   void report(const char* prefix, const Value& value, const char* suffix = "") const {
     host::append(evidence, host::message(prefix, value, suffix));
   }
@@ -67,7 +70,7 @@ void classify(Characterization&);
 void decide_energy_unit(Characterization&);
 void decide_spin_mode(Characterization&);
 void score_confidence(Characterization&);
-Value assemble_record(const Characterization&);
+Value assemble_record(Characterization&);
 /// The record merged into a copy of the base characterization.
 Value merge_into_base(const Characterization&, const Value& record);
 

@@ -20,7 +20,7 @@ Value characterize_material(const Module& module, const Value& step, const Value
   Value manifest = mapping_or_empty(planner_manifest);
   Value intent = mapping_or_empty(query_intent);
   Inputs inputs{
-      .step = step,
+      .given_step = step,
       .step_params = std::move(params),
       .query_text = query_text,
       .findings = findings,

@@ -39,7 +39,8 @@ namespace tavik::characterization {
   SAME(_magnetic_class)                       \
   SAME(_material_family)
 
-/// The keys of a record, in the order in which it holds them.
+/// The keys of a record, in the order in which it holds them; each is also the name of the working
+/// value that it stores.
 #define TAVIK_RECORD_KEYS(SAME, AS)           \
   SAME(step)                                  \
   SAME(structure_mode)                        \

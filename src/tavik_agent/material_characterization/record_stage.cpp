@@ -68,30 +68,14 @@ void score_confidence(Characterization& call) {
   call.confidence = host::real(std::fmin(rounded(confidence), 0.95));
 }
 
-Value assemble_record(const Characterization& call) {
-  const Value step = host::upper(host::text_form_or_empty(call.step));
-  const Value intent_driven = host::boolean(is_intent_driven(call));
+Value assemble_record(Characterization& call) {
+  call.step = host::upper(host::text_form_or_empty(call.given_step));
+  call.intent_driven = host::boolean(is_intent_driven(call));
   Value record = host::new_dict();
-  const auto put = [&](RecordKey key, const Value& value) {
-    host::set(record, call.module.key(key), value);
-  };
-  put(RecordKey::step, step);
-  put(RecordKey::structure_mode, call.structure_mode);
-  put(RecordKey::structure_archetype, call.structure_archetype);
-  put(RecordKey::electronic_class, call.electronic_class);
-  put(RecordKey::magnetic_class, call.magnetic_class);
-  put(RecordKey::correlation_class, call.correlation_class);
-  put(RecordKey::material_family, call.material_family);
-  put(RecordKey::species, call.species);
-  put(RecordKey::formula_hint, call.formula_hint);
-  put(RecordKey::requested_energy_unit, call.requested_energy_unit);
-  put(RecordKey::explicit_spin_mode, call.explicit_spin_mode);
-  put(RecordKey::intent_complexity, call.intent_complexity);
-  put(RecordKey::intent_correlation, call.intent_correlation);
-  put(RecordKey::intent_magnetism, call.intent_magnetism);
-  put(RecordKey::intent_driven, intent_driven);
-  put(RecordKey::evidence, call.evidence);
-  put(RecordKey::confidence, call.confidence);
+  // Each key bears the name of the working value that it stores.
+#define TAVIK_PUT(name) host::set(record, call.module.key(RecordKey::name), call.name);
+  TAVIK_RECORD_KEYS(TAVIK_PUT, )
+#undef TAVIK_PUT
   return record;
 }
 
