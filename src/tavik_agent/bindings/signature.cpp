@@ -26,12 +26,10 @@ using host::Value;
   host::raise(PyExc_SystemError, "%s() refused arguments that fit its signature", name.c_str());
 }
 
-std::optional<std::size_t> find_parameter(const Signature& signature, PyObject* keyword) {
+std::optional<std::size_t> find_parameter(const Signature& signature, const Value& keyword) {
   for (std::size_t i = 0; i < signature.count; ++i) {
     const std::string_view name = signature.parameters[i].name;
-    if (PyUnicode_EqualToUTF8AndSize(keyword, name.data(), static_cast<Py_ssize_t>(name.size()))) {
-      return i;
-    }
+    if (host::equals(keyword, name)) return i;
   }
   return std::nullopt;
 }
@@ -47,7 +45,7 @@ bool fill(const Signature& signature, const Arguments& arguments, Bound& bound) 
     bound[i] = Value::borrow(arguments.values[i]);
   }
   for (std::size_t i = 0; i < arguments.keywords(); ++i) {
-    PyObject* const keyword = PyTuple_GET_ITEM(arguments.keyword_names, i);
+    const Value keyword = Value::borrow(PyTuple_GET_ITEM(arguments.keyword_names, i));
     const auto parameter = find_parameter(signature, keyword);
     if (!parameter || bound[*parameter]) return false;
     bound[*parameter] = Value::borrow(arguments.values[arguments.positional + i]);

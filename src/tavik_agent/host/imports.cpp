@@ -53,6 +53,12 @@ Value look_up(const Value& names, const Value& name) {
   return Value::steal(found);
 }
 
+bool is_bound_to(const Value& names, const Value& name, const Value& object) {
+  PyObject* found = nullptr;
+  if (PyDict_GetItemRef(names.get(), name.get(), &found) < 0) PyErr_Clear();
+  return found != nullptr && Value::steal(found).is_same(object);
+}
+
 Value call_with_keywords(const Value& function, std::initializer_list<PyObject*> arguments,
                          std::initializer_list<const char*> names) {
   const Value keywords = new_list();

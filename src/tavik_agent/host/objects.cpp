@@ -1,9 +1,6 @@
 // Kind tests, comparisons, look-ups and iteration on host values.
 #include "host/objects.hpp"
 
-#include <algorithm>
-#include <initializer_list>
-
 #include "host/strings.hpp"
 
 namespace tavik::host {
@@ -18,42 +15,28 @@ bool is_plainly_no_mapping(const Value& value) {
 
 }  // namespace
 
-bool is_empty(const Value& value) {
-  return value.is_null() || check(PyObject_IsTrue(value.get())) == 0;
-}
-
 bool is_mapping(const Value& value, const Value& mapping_type) {
   if (PyDict_Check(value.get())) return true;
   if (is_plainly_no_mapping(value)) return false;
   return check(PyObject_IsInstance(value.get(), mapping_type.get())) != 0;
 }
 
-Value text_form(const Value& value) { return Value::steal(PyObject_Str(value.get())); }
-
-Value text_form_or_empty(const Value& value) {
-  return is_empty(value) ? string("") : text_form(value);
-}
-
-bool equals(const Value& value, std::string_view text) {
-  if (PyUnicode_CheckExact(value.get())) {
-    return PyUnicode_EqualToUTF8AndSize(value.get(), text.data(),
-                                        static_cast<Py_ssize_t>(text.size())) != 0;
-  }
+bool equals_in_host(const Value& value, std::string_view text) {
   return check(PyObject_RichCompareBool(value.get(), string(text).get(), Py_EQ)) != 0;
 }
 
-bool equals_any(const Value& value, std::initializer_list<std::string_view> texts) {
-  return std::ranges::any_of(texts, [&](std::string_view text) { return equals(value, text); });
-}
-
-Value get(const Value& mapping, const Value& key) {
-  if (!PyDict_CheckExact(mapping.get())) return call_method(mapping, "get", key);
+Value get_in_host(const Value& mapping, const Value& key) {
+  if (!is_exact_dict(mapping)) return call_method(mapping, "get", key);
   PyObject* found = nullptr;
   return check(PyDict_GetItemRef(mapping.get(), key.get(), &found)) == 0 ? Value::null()
                                                                          : Value::steal(found);
 }
 
-Value items(const Value& mapping) { return call_method(mapping, "items"); }
+Value items(const Value& mapping) {
+  const bool is_plainly_empty =
+      PyDict_CheckExact(mapping.get()) && PyDict_GET_SIZE(mapping.get()) == 0;
+  return is_plainly_empty ? Value::steal(PyTuple_New(0)) : call_method(mapping, "items");
+}
 
 bool contains(const Value& collection, const Value& item) {
   if (is_exact_set(collection) && PyUnicode_CheckExact(item.get())) {
@@ -63,6 +46,8 @@ bool contains(const Value& collection, const Value& item) {
 }
 
 Value set_of(const Value& values) { return Value::steal(PySet_New(values.get())); }
+
+Value set_of(const Values& values) { return set_of(new_list(values)); }
 
 bool is_subset(const Value& set, const Value& collection) {
   return !is_empty(call_method(set, "issubset", collection));
@@ -93,21 +78,23 @@ std::pair<Value, Value> unpack_pair(const Value& pair) {
 
 Value new_list() { return Value::steal(PyList_New(0)); }
 
+Value new_list(const Values& values) {
+  Value list = Value::steal(PyList_New(std::ssize(values)));
+  Py_ssize_t at = 0;
+  for (const Value& value : values) PyList_SET_ITEM(list.get(), at++, value.another().release());
+  return list;
+}
+
+Value tuple_of_values(const Value& dict) {
+  return Value::steal(PyList_AsTuple(Value::steal(PyDict_Values(dict.get())).get()));
+}
+
 void append(const Value& list, const Value& item) { check(PyList_Append(list.get(), item.get())); }
 
 Value list_of(const Value& iterable_or_empty) {
   if (is_empty(iterable_or_empty)) return new_list();
   return Value::steal(PySequence_List(iterable_or_empty.get()));
 }
-
-void OrderedSet::add(const Value& item) { check(PyDict_SetItem(seen_.get(), item.get(), Py_None)); }
-
-void OrderedSet::add_all(const Value& iterable) {
-  Iterator items(iterable);
-  while (const Value item = items.next()) add(item);
-}
-
-Value OrderedSet::list() const { return Value::steal(PyDict_Keys(seen_.get())); }
 
 Value new_dict() { return Value::steal(PyDict_New()); }
 

@@ -3,6 +3,7 @@
 // host's way, so that what it overrides is respected. All throw Error when the host call fails.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <string_view>
 #include <utility>
@@ -11,9 +12,15 @@
 
 namespace tavik::host {
 
-bool is_empty(const Value& value);
 inline bool is_string(const Value& value) { return PyUnicode_Check(value.get()); }
+inline bool is_exact_string(const Value& value) { return PyUnicode_CheckExact(value.get()); }
+inline bool is_exact_ascii(const Value& value) {
+  return is_exact_string(value) && PyUnicode_IS_ASCII(value.get());
+}
 inline bool is_exact_set(const Value& value) { return PyAnySet_CheckExact(value.get()); }
+inline bool is_exact_frozen_set(const Value& value) { return PyFrozenSet_CheckExact(value.get()); }
+inline bool is_exact_dict(const Value& value) { return PyDict_CheckExact(value.get()); }
+inline bool is_exact_list(const Value& value) { return PyList_CheckExact(value.get()); }
 inline bool is_list(const Value& value) { return PyList_Check(value.get()); }
 /// `mapping_type` is the host's abstract mapping, collections.abc.Mapping.
 bool is_mapping(const Value& value, const Value& mapping_type);
@@ -22,34 +29,81 @@ inline bool is_read_only_mapping(const Value& value) {
   return Py_IS_TYPE(value.get(), &PyDictProxy_Type);
 }
 
+/// The characters of an ASCII string; they live as long as the host object.
+inline std::string_view ascii_view(const Value& string) {
+  return {static_cast<const char*>(PyUnicode_DATA(string.get())),
+          static_cast<std::size_t>(PyUnicode_GET_LENGTH(string.get()))};
+}
+
+inline bool is_empty(const Value& value) {
+  PyObject* const object = value.get();
+  if (is_exact_string(value)) return PyUnicode_GET_LENGTH(object) == 0;
+  if (PyList_CheckExact(object)) return PyList_GET_SIZE(object) == 0;
+  if (PyDict_CheckExact(object)) return PyDict_GET_SIZE(object) == 0;
+  return value.is_null() || check(PyObject_IsTrue(object)) == 0;
+}
+
 /// The host's string conversion.
-Value text_form(const Value& value);
+inline Value text_form(const Value& value) {
+  return is_exact_string(value) ? value.another() : Value::steal(PyObject_Str(value.get()));
+}
 /// The text form of a non-empty value, "" for an empty one.
-Value text_form_or_empty(const Value& value);
+inline Value text_form_or_empty(const Value& value) {
+  return is_empty(value) ? Value::steal(PyUnicode_New(0, 0)) : text_form(value);
+}
 
-/// value == text
-bool equals(const Value& value, std::string_view text);
+bool equals_in_host(const Value& value, std::string_view text);
+/// value == text, where the text is ASCII
+inline bool equals(const Value& value, std::string_view text) {
+  if (is_exact_string(value)) return is_exact_ascii(value) && ascii_view(value) == text;
+  return equals_in_host(value, text);
+}
 /// value == any of the texts, compared in their order
-bool equals_any(const Value& value, std::initializer_list<std::string_view> texts);
+inline bool equals_any(const Value& value, std::initializer_list<std::string_view> texts) {
+  return std::ranges::any_of(texts, [&](std::string_view text) { return equals(value, text); });
+}
 
+Value get_in_host(const Value& mapping, const Value& key);
 /// mapping.get(key)
-Value get(const Value& mapping, const Value& key);
-/// mapping.items()
+inline Value get(const Value& mapping, const Value& key) {
+  const bool is_plainly_empty = is_exact_dict(mapping) && PyDict_GET_SIZE(mapping.get()) == 0;
+  return is_plainly_empty ? Value::null() : get_in_host(mapping, key);
+}
+/// Whether the test holds for the keys of an exact dict, in its order; it is asked until it does
+/// not. The test must run no host code.
+template <class Test>
+bool all_keys(const Value& dict, Test test) {
+  PyObject* key = nullptr;
+  for (Py_ssize_t at = 0; PyDict_Next(dict.get(), &at, &key, nullptr);) {
+    if (!test(Value::borrow(key))) return false;
+  }
+  return true;
+}
+
+/// mapping.items(), as something to walk
 Value items(const Value& mapping);
 /// item in collection
 bool contains(const Value& collection, const Value& item);
 /// set(values)
 Value set_of(const Value& values);
+Value set_of(const Values& values);
 /// set.issubset(collection)
 bool is_subset(const Value& set, const Value& collection);
 
 std::size_t length(const Value& sized);
 /// sequence[0]
 Value first(const Value& sequence);
+/// A tuple of the values of an exact dict, in its order, and one of its items.
+Value tuple_of_values(const Value& dict);
+inline Value item(const Value& tuple, std::size_t at) {
+  return Value::borrow(PyTuple_GET_ITEM(tuple.get(), static_cast<Py_ssize_t>(at)));
+}
 /// first, second = pair
 std::pair<Value, Value> unpack_pair(const Value& pair);
 
 Value new_list();
+/// A new list of the values.
+Value new_list(const Values& values);
 void append(const Value& list, const Value& item);
 /// A new tuple.
 template <class... Values>
@@ -59,19 +113,9 @@ Value tuple_of(const Values&... items) {
 /// A new list with the items of an iterable, none for an empty value.
 Value list_of(const Value& iterable_or_empty);
 
-/// Hashable items, each once, in the order in which they were first added.
-class OrderedSet {
- public:
-  void add(const Value& item);
-  void add_all(const Value& iterable);
-  /// A new list of them.
-  Value list() const;
-
- private:
-  Value seen_ = Value::steal(PyDict_New());
-};
-
 Value new_dict();
+/// A new dict like an exact one.
+inline Value copy_of_exact(const Value& dict) { return Value::steal(PyDict_Copy(dict.get())); }
 /// dict(mapping)
 Value copy_of(const Value& mapping);
 /// dict[key] = value

@@ -10,13 +10,15 @@
 namespace tavik::host {
 namespace {
 
-bool is_exact_ascii(const Value& value) {
-  return is_exact_string(value) && PyUnicode_IS_ASCII(value.get());
+bool is_ascii(std::string_view bytes) { return std::ranges::all_of(bytes, text::is_ascii); }
+
+/// A new ASCII string whose characters are still to be written.
+Value blank_ascii(std::size_t length) {
+  return Value::steal(PyUnicode_New(static_cast<Py_ssize_t>(length), 127));
 }
 
-std::string_view ascii_view(const Value& value) {
-  return {static_cast<const char*>(PyUnicode_DATA(value.get())),
-          static_cast<std::size_t>(PyUnicode_GET_LENGTH(value.get()))};
+char* characters_of(const Value& new_ascii) {
+  return static_cast<char*>(PyUnicode_DATA(new_ascii.get()));
 }
 
 /// value.name(), which must be a string.
@@ -34,13 +36,48 @@ template <class Map>
 Value map_ascii(const Value& value, Map map) {
   const std::string_view from = ascii_view(value);
   if (std::ranges::all_of(from, [&](char c) { return map(c) == c; })) return value.another();
-  Value mapped = Value::steal(PyUnicode_New(static_cast<Py_ssize_t>(from.size()), 127));
-  std::ranges::transform(from, static_cast<char*>(PyUnicode_DATA(mapped.get())), map);
+  Value mapped = blank_ascii(from.size());
+  std::ranges::transform(from, characters_of(mapped), map);
+  return mapped;
+}
+
+Value capitalised_ascii(const Value& value) {
+  const std::string_view from = ascii_view(value);
+  if (from.empty()) return value.another();
+  const char head = text::ascii_upper(from.front());
+  const auto is_small = [](char c) { return !text::is_ascii_upper(c); };
+  if (head == from.front() && std::ranges::all_of(from.substr(1), is_small)) return value.another();
+  Value mapped = blank_ascii(from.size());
+  std::ranges::transform(from, characters_of(mapped), text::ascii_lower);
+  *characters_of(mapped) = head;
   return mapped;
 }
 
 Value substring(const Value& value, Py_ssize_t begin, Py_ssize_t end) {
   return Value::steal(PyUnicode_Substring(value.get(), begin, end));
+}
+
+Value join_in_host(const Values& strings) {
+  const Value list = new_list();
+  for (const Value& string : strings) append(list, string);
+  return Value::steal(PyUnicode_Join(string(" ").get(), list.get()));
+}
+
+bool is_plain_word(const Value& value) {
+  constexpr auto is_letter_or_digit = [](char c) { return text::is_ascii_word(c); };
+  return is_exact_ascii(value) && std::ranges::all_of(ascii_view(value), is_letter_or_digit);
+}
+
+/// A list of species is a short list of plain words, which the host's own repr, made for all that a
+/// list may hold, takes five times as long to write.
+Value text_form_of_list(const Value& list) {
+  std::string written;
+  Iterator items(list);
+  while (const Value item = items.next()) {
+    if (!is_plain_word(item)) return text_form(list);
+    written.append(written.empty() ? "['" : "', '").append(ascii_view(item));
+  }
+  return string(written.empty() ? "[]" : written.append("']"));
 }
 
 Value power_of_ten(std::size_t exponent) {
@@ -77,11 +114,23 @@ const text::CharacterTables& character_tables() {
 }
 
 Value string(std::string_view utf8) {
+  // The host keeps one object for each string of one character.
+  if (utf8.size() != 1 && is_ascii(utf8)) {
+    Value ascii = blank_ascii(utf8.size());
+    std::ranges::copy(utf8, characters_of(ascii));
+    return ascii;
+  }
   return Value::steal(
       PyUnicode_DecodeUTF8(utf8.data(), static_cast<Py_ssize_t>(utf8.size()), "surrogatepass"));
 }
 
 Value strip(const Value& value) {
+  if (is_exact_ascii(value)) {
+    const std::string_view whole = ascii_view(value);
+    const auto is_outer = [](char c) { return Py_ISSPACE(c) != 0 || (c >= 0x1C && c <= 0x1F); };
+    if (whole.empty() || (!is_outer(whole.front()) && !is_outer(whole.back())))
+      return value.another();
+  }
   if (!is_exact_string(value)) return string_method(value, "strip");
   const auto is_space = [&](Py_ssize_t i) {
     return Py_UNICODE_ISSPACE(PyUnicode_READ_CHAR(value.get(), i)) != 0;
@@ -90,7 +139,8 @@ Value strip(const Value& value) {
   Py_ssize_t end = PyUnicode_GET_LENGTH(value.get());
   while (begin < end && is_space(begin)) ++begin;
   while (begin < end && is_space(end - 1)) --end;
-  return substring(value, begin, end);
+  const bool is_whole = end - begin == PyUnicode_GET_LENGTH(value.get());
+  return is_whole ? value.another() : substring(value, begin, end);
 }
 
 Value lower(const Value& value) {
@@ -117,17 +167,38 @@ bool ends_with(const Value& value, char last) {
 }
 
 Value capitalised(const Value& string) {
+  if (is_exact_ascii(string)) return capitalised_ascii(string);
   const Value head = upper(substring(string, 0, 1));
   const Value tail = lower(substring(string, 1, PyUnicode_GET_LENGTH(string.get())));
   return Value::steal(PyUnicode_Concat(head.get(), tail.get()));
 }
 
-Value join(std::string_view separator, const Value& list) {
-  return Value::steal(PyUnicode_Join(string(separator).get(), list.get()));
+Value join_with_blanks(const Values& strings) {
+  if (strings.size() == 1 && is_exact_string(strings.front())) return strings.front().another();
+  if (!std::ranges::all_of(strings, is_exact_ascii)) return join_in_host(strings);
+  std::size_t length = strings.empty() ? 0 : strings.size() - 1;
+  for (const Value& string : strings) length += ascii_view(string).size();
+  Value joined = blank_ascii(length);
+  char* at = characters_of(joined);
+  for (const Value& string : strings) {
+    if (&string != &strings.front()) *at++ = ' ';
+    at = std::ranges::copy(ascii_view(string), at).out;
+  }
+  return joined;
 }
 
-Value message(const char* prefix, const Value& value, const char* suffix) {
-  return Value::steal(PyUnicode_FromFormat("%s%S%s", prefix, value.get(), suffix));
+Value message(std::string_view prefix, const Value& value, std::string_view suffix) {
+  const Value text = is_exact_list(value) ? text_form_of_list(value) : text_form(value);
+  if (!is_exact_ascii(text) || !is_ascii(prefix) || !is_ascii(suffix)) {
+    return Value::steal(PyUnicode_FromFormat("%.*s%U%.*s", static_cast<int>(prefix.size()),
+                                             prefix.data(), text.get(),
+                                             static_cast<int>(suffix.size()), suffix.data()));
+  }
+  const std::string_view words = ascii_view(text);
+  Value whole = blank_ascii(prefix.size() + words.size() + suffix.size());
+  char* const after_prefix = std::ranges::copy(prefix, characters_of(whole)).out;
+  std::ranges::copy(suffix, std::ranges::copy(words, after_prefix).out);
+  return whole;
 }
 
 Value integer(std::string_view digits) {

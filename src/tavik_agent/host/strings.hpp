@@ -5,6 +5,7 @@
 
 #include <string_view>
 
+#include "host/objects.hpp"
 #include "host/value.hpp"
 #include "text/characters.hpp"
 
@@ -12,8 +13,6 @@ namespace tavik::host {
 
 /// The host's tables of character properties.
 const text::CharacterTables& character_tables();
-
-inline bool is_exact_string(const Value& value) { return PyUnicode_CheckExact(value.get()); }
 
 /// The host string of UTF-8 text (lone surrogates included).
 Value string(std::string_view utf8);
@@ -27,11 +26,11 @@ bool ends_with(const Value& value, char last);
 /// The first character of a string in upper case followed by the rest in lower case.
 Value capitalised(const Value& string);
 
-/// separator.join(list)
-Value join(std::string_view separator, const Value& list);
+/// " ".join(strings)
+Value join_with_blanks(const Values& strings);
 
 /// prefix, the text form of `value`, suffix
-Value message(const char* prefix, const Value& value, const char* suffix = "");
+Value message(std::string_view prefix, const Value& value, std::string_view suffix = "");
 
 /// The integer that a run of decimal digits of any script stands for. Exact at any length.
 Value integer(std::string_view digits);

@@ -13,14 +13,13 @@ std::string_view Text::utf8() {
 }
 
 void Text::lower() {
-  if (!is_exact_string(value_) || !PyUnicode_IS_ASCII(value_.get())) {
+  if (!is_exact_ascii(value_)) {
     lowered_other_ = Utf8(host::lower(value_));
     lowered_ = lowered_other_.view();
-  } else if (std::ranges::none_of(utf8(), text::is_ascii_upper)) {
+  } else if (text::find_capital(utf8(), 0) == utf8().size()) {
     lowered_ = utf8();
   } else {
-    lowered_ascii_.resize(utf8().size());
-    std::ranges::transform(utf8(), lowered_ascii_.begin(), text::ascii_lower);
+    lowered_ascii_ = text::lowered(utf8());
     lowered_ = lowered_ascii_;
   }
 }
@@ -33,6 +32,16 @@ std::string_view Text::lowered() {
 const text::Mentions& Text::mentions() {
   if (!mentions_) mentions_ = text::find_keywords(lowered(), character_tables());
   return *mentions_;
+}
+
+std::string_view Text::phrase_context() { return text::strip(lowered(), character_tables()); }
+
+const std::vector<text::PhraseIndex::Row>& Text::phrases(const text::PhraseIndex& index) {
+  if (searched_for_ != &index) {
+    phrases_ = index.find(phrase_context());
+    searched_for_ = &index;
+  }
+  return phrases_;
 }
 
 WrittenForm::WrittenForm(Text& text) : given_(text) {

@@ -6,10 +6,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/strings.hpp"
 #include "host/value.hpp"
 #include "text/keyword_scan.hpp"
+#include "text/phrase_index.hpp"
 
 namespace tavik::host {
 
@@ -29,6 +31,10 @@ class Text {
   /// Whether a keyword of the group occurs in the lowered text.
   bool mentions(text::Group group) { return mentions().has(group); }
   const text::Mentions& mentions();
+  /// The lowered text without white space at its ends, as phrases are looked for in it.
+  std::string_view phrase_context();
+  /// The rows of an index whose phrases occur there.
+  const std::vector<text::PhraseIndex::Row>& phrases(const text::PhraseIndex& index);
 
  private:
   void lower();
@@ -39,6 +45,8 @@ class Text {
   std::string lowered_ascii_;
   Utf8 lowered_other_;
   std::optional<text::Mentions> mentions_;
+  std::vector<text::PhraseIndex::Row> phrases_;
+  const text::PhraseIndex* searched_for_ = nullptr;  ///< the index that these are rows of
 };
 
 /// The text form of a non-empty value or "", as a Text: the one given when it is that already.

@@ -6,6 +6,7 @@
 #include <Python.h>
 
 #include <utility>
+#include <vector>
 
 namespace tavik::host {
 
@@ -46,6 +47,8 @@ class Value {
   explicit Value(PyObject* object) : object_(object) {}
   PyObject* object_ = nullptr;
 };
+
+using Values = std::vector<Value>;
 
 /// Passes on the status of a host call that answers with a number, -1 for failure.
 template <class Status>

@@ -29,6 +29,9 @@ class Indexed {
  public:
   static constexpr auto texts = texts_of(Word{});
   static constexpr std::size_t size = texts.size();
+  static constexpr std::string_view text(Word word) {
+    return texts[static_cast<std::size_t>(word)];
+  }
 
   Value& operator[](Word word) { return values_[static_cast<std::size_t>(word)]; }
   const Value& operator[](Word word) const { return values_[static_cast<std::size_t>(word)]; }

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "host/objects.hpp"
+#include "host/strings.hpp"
 #include "material_characterization/functions.hpp"
 
 namespace tavik::characterization {
@@ -28,9 +29,9 @@ struct Characterization : Inputs {
 
   const Module& module;
 
-  Value evidence = host::new_list();
+  host::Values messages;  ///< the evidence, so far
 
-  Value intent_species;
+  host::Values intent_species;
   std::optional<Text> joined_text;  ///< unless the joined text is the query itself
   Text* combined;
   Value species;
@@ -55,9 +56,14 @@ struct Characterization : Inputs {
 
   Value step;
   Value intent_driven;
+  Value evidence;
 
-  void report(const char* prefix, const Value& value, const char* suffix = "") const {
-    host::append(evidence, host::message(prefix, value, suffix));
+  void report(std::string_view prefix, const Value& value, std::string_view suffix = "") {
+    report(host::message(prefix, value, suffix));
+  }
+  void report(Value message) {
+    if (messages.empty()) messages.reserve(8);  // as many as a typical call has
+    messages.push_back(std::move(message));
   }
 };
 

@@ -8,29 +8,29 @@
 namespace tavik::characterization {
 namespace {
 
-void report_decision(const Characterization& call, const char* prefix, const Value& label,
+void report_decision(Characterization& call, Decision decision, const Value& label,
                      Label no_decision = Label::unknown) {
-  if (!is(label, no_decision)) call.report(prefix, label);
+  if (!is(label, no_decision)) call.report(call.module.message_about(decision, label));
 }
 
 void classify_structure(Characterization& call) {
   Text& text = host::is_empty(call.query_text.value()) ? *call.combined : call.query_text;
   call.structure_mode =
       invoke<_structure_mode>(call.module, Global::_structure_mode, call.step_params, text);
-  report_decision(call, "structure mode=", call.structure_mode);
+  report_decision(call, Decision::structure_mode, call.structure_mode);
 
   call.structure_archetype = invoke<_structure_archetype>(
       call.module, Global::_structure_archetype, keyword("structure_mode", call.structure_mode),
       keyword("combined_text", *call.combined), keyword("query_text", call.query_text),
       keyword("query_intent", call.query_intent));
-  report_decision(call, "structure archetype=", call.structure_archetype);
+  report_decision(call, Decision::structure_archetype, call.structure_archetype);
 }
 
 void classify_electrons(Characterization& call) {
   call.electronic_class =
       invoke<_electronic_class>(call.module, Global::_electronic_class, call.species,
                                 call.formula_hint, call.query_text, call.structure_archetype);
-  report_decision(call, "electronic class=", call.electronic_class);
+  report_decision(call, Decision::electronic_class, call.electronic_class);
 }
 
 void read_intent_fields(Characterization& call) {
@@ -45,7 +45,7 @@ void classify_correlation(Characterization& call) {
       call.module, Global::_correlation_class, call.species, call.formula_hint, *call.combined,
       keyword("intent_correlation", call.intent_correlation),
       keyword("intent_complexity", call.intent_complexity));
-  report_decision(call, "correlation class=", call.correlation_class);
+  report_decision(call, Decision::correlation_class, call.correlation_class);
   if (is_simple_request(call.intent_complexity)) {
     call.report("user query flagged as ", call.intent_complexity,
                 " (LLM intent) \u2014 complex-material heuristics suppressed");
@@ -57,14 +57,14 @@ void classify_magnetism(Characterization& call) {
       call.module, Global::_magnetic_class, call.species, call.formula_hint, *call.combined,
       call.correlation_class, keyword("intent_magnetism", call.intent_magnetism),
       keyword("intent_complexity", call.intent_complexity));
-  report_decision(call, "magnetic class=", call.magnetic_class);
+  report_decision(call, Decision::magnetic_class, call.magnetic_class);
 }
 
 void classify_family(Characterization& call) {
   call.material_family = invoke<_material_family>(
       call.module, Global::_material_family, call.species, call.structure_mode,
       call.electronic_class, call.formula_hint, call.structure_archetype);
-  report_decision(call, "material family=", call.material_family, Label::other);
+  report_decision(call, Decision::material_family, call.material_family, Label::other);
 }
 
 }  // namespace

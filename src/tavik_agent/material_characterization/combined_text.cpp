@@ -9,19 +9,19 @@
 namespace tavik::characterization {
 namespace {
 
-void append_unless_blank(const Value& fragments, const Value& string) {
-  const Value stripped = host::strip(string);
-  if (!host::is_empty(stripped)) host::append(fragments, stripped);
+void append_unless_blank(host::Values& fragments, const Value& string) {
+  Value stripped = host::strip(string);
+  if (!host::is_empty(stripped)) fragments.push_back(std::move(stripped));
 }
 
-void append_part(const Module& module, const Value& fragments, const Value& part) {
+void append_part(const Module& module, host::Values& fragments, const Value& part) {
   if (host::is_string(part)) {
     append_unless_blank(fragments, part);
   } else if (host::is_list(part)) {
     host::Iterator items(part);
     while (const Value item = items.next()) append_unless_blank(fragments, host::text_form(item));
   } else if (module.is_mapping(part)) {
-    host::append(fragments, host::text_form(part));
+    fragments.push_back(host::text_form(part));
   }
 }
 
@@ -34,9 +34,9 @@ Value combine(const Module& module, const std::array<Value, 4>& parts) {
 }  // namespace
 
 Value _combined_text(const Module& module, std::span<const Value> parts) {
-  const Value fragments = host::new_list();
+  host::Values fragments;
   for (const Value& part : parts) append_part(module, fragments, part);
-  return host::join(" ", fragments);
+  return host::join_with_blanks(fragments);
 }
 
 void join_texts(Characterization& call) {

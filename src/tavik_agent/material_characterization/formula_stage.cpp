@@ -13,17 +13,21 @@ Value hint_in(const Characterization& call, Text& text) {
 }
 
 bool names_elements_beyond_intent(const Characterization& call) {
-  const Value formula_species = symbols_of(call.module, call.formula_hint);
-  if (host::is_empty(formula_species)) return false;
+  const host::Values formula_species = symbols_of(call.module, call.formula_hint);
+  if (formula_species.empty()) return false;
   const Value intent_set = host::set_of(call.intent_species);
   return !host::is_subset(host::set_of(formula_species), intent_set);
 }
 
 void decide_by_heuristic(Characterization& call) {
   call.formula_hint = hint_in(call, call.query_text);
-  if (host::is_empty(call.formula_hint)) call.formula_hint = hint_in(call, *call.combined);
+  // Where nothing was replaced, the same text has the same answer.
+  const bool is_same_question = call.combined == &call.query_text && call.module.is_untouched();
+  if (host::is_empty(call.formula_hint) && !is_same_question) {
+    call.formula_hint = hint_in(call, *call.combined);
+  }
   if (host::is_empty(call.formula_hint)) return;
-  if (!host::is_empty(call.intent_species) && names_elements_beyond_intent(call)) {
+  if (!call.intent_species.empty() && names_elements_beyond_intent(call)) {
     call.formula_hint = host::string("");
     return;
   }

@@ -4,6 +4,7 @@
 #include "material_characterization/formulas.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,14 +17,24 @@ namespace {
 
 Value count_of(std::string_view digits) { return host::integer(digits.empty() ? "1" : digits); }
 
+bool is_known_symbol(const Module& module, std::string_view symbol) {
+  if (const auto* own = module.own_element_symbols()) return own->contains(symbol);
+  return host::contains(module.look_up(Global::KNOWN_ELEMENT_SYMBOLS), host::string(symbol));
+}
+
 /// The parts of a formula; none when it is malformed or names an unknown symbol.
 std::vector<text::FormulaPart> accepted_parts(const Module& module, std::string_view text) {
   auto parts = text::split_formula(text, host::character_tables());
   for (const auto& part : parts) {
-    const Value symbols = module.look_up(Global::KNOWN_ELEMENT_SYMBOLS);
-    if (!host::contains(symbols, host::string(part.symbol))) return {};
+    if (!is_known_symbol(module, part.symbol)) return {};
   }
   return parts;
+}
+
+/// Of a known symbol.
+Value symbol_string(const Module& module, std::string_view symbol) {
+  const auto* own = module.own_element_symbols();
+  return own != nullptr && own->contains(symbol) ? own->string(symbol) : host::string(symbol);
 }
 
 /// What stands in place of `_formula_parts`; no object when nothing does.
@@ -32,26 +43,44 @@ Value replacement(const Module& module) {
   return module.is_own(Global::_formula_parts, current) ? Value() : std::move(current);
 }
 
+bool is_acronym(const Module& module, std::string_view token) {
+  std::string upper(token);
+  std::ranges::transform(upper, upper.begin(), text::ascii_upper);
+  return host::contains(module.look_up(Global::non_formula_tokens), host::string(upper));
+}
+
+/// The symbols of a token as the module itself reads it, none when it is no formula; nothing when
+/// anything was replaced that may judge it.
+std::optional<text::SymbolSet> own_reading(const Module& module, std::string_view token) {
+  if (!module.is_untouched() || module.own_element_symbols() == nullptr) return std::nullopt;
+  text::SymbolSet symbols;
+  for (const auto& part : accepted_parts(module, token)) {
+    symbols.set(text::symbol_number(part.symbol));
+  }
+  return symbols;
+}
+
 }  // namespace
 
 Value _formula_parts(const Module& module, const Value& token) {
   const host::Utf8 text(host::text_form_or_empty(token));
   Value parsed = host::new_list();
   for (const auto& [symbol, count] : accepted_parts(module, text.view())) {
-    host::append(parsed, host::tuple_of(host::string(symbol), count_of(count)));
+    host::append(parsed, host::tuple_of(symbol_string(module, symbol), count_of(count)));
   }
   return parsed;
 }
 
 void for_each_candidate(const Module& module, Text& text,
                         const std::function<bool(const Value&)>& visit) {
+  text::SymbolSet seen;
   text::FormulaTokens tokens(text.utf8(), host::character_tables());
-  while (const auto found = tokens.next()) {
-    std::string upper(*found);
-    std::ranges::transform(upper, upper.begin(), text::ascii_upper);
-    const Value acronyms = module.look_up(Global::non_formula_tokens);
-    if (host::contains(acronyms, host::string(upper))) continue;
-    if (!visit(host::string(*found))) return;
+  while (const auto token = tokens.next()) {
+    const auto symbols = own_reading(module, *token);
+    if (symbols && (*symbols & ~seen).none()) continue;
+    if (is_acronym(module, *token)) continue;
+    if (!visit(host::string(*token))) return;
+    if (symbols) seen |= *symbols;
   }
 }
 
@@ -61,22 +90,18 @@ bool is_formula(const Module& module, const Value& token) {
   return !accepted_parts(module, text.view()).empty();
 }
 
-Value symbols_of(const Module& module, const Value& formula) {
-  Value symbols = host::new_list();
+host::Values symbols_of(const Module& module, const Value& formula) {
+  host::Values symbols;
   if (const Value other = replacement(module)) {
     host::Iterator parts(host::call(other, formula));
-    while (const Value part = parts.next()) host::append(symbols, host::unpack_pair(part).first);
+    while (const Value part = parts.next()) symbols.push_back(host::unpack_pair(part).first);
     return symbols;
   }
   const host::Utf8 text(host::text_form_or_empty(formula));
   for (const auto& part : accepted_parts(module, text.view())) {
-    host::append(symbols, host::string(part.symbol));
+    symbols.push_back(symbol_string(module, part.symbol));
   }
   return symbols;
-}
-
-std::string_view phrase_context(Text& text) {
-  return text::strip(text.lowered(), host::character_tables());
 }
 
 }  // namespace tavik::characterization

@@ -29,9 +29,20 @@ namespace tavik::characterization {
 
 TAVIK_VOCABULARY(Label, TAVIK_LABELS)
 
-constexpr std::string_view text_of(Label label) {
-  return texts_of(label)[static_cast<std::size_t>(label)];
-}
+// clang-format off
+/// What a label decides, and the words by which the evidence reports it.
+#define TAVIK_DECISIONS(SAME, AS)                   \
+  AS(structure_mode, "structure mode=")             \
+  AS(structure_archetype, "structure archetype=")   \
+  AS(electronic_class, "electronic class=")         \
+  AS(correlation_class, "correlation class=")       \
+  AS(magnetic_class, "magnetic class=")             \
+  AS(material_family, "material family=")
+// clang-format on
+
+TAVIK_VOCABULARY(Decision, TAVIK_DECISIONS)
+
+constexpr std::string_view text_of(Label label) { return host::Indexed<Label>::text(label); }
 
 /// value == label
 inline bool is(const host::Value& value, Label label) {

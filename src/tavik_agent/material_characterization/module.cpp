@@ -3,6 +3,7 @@
 
 #include "host/imports.hpp"
 #include "host/objects.hpp"
+#include "host/strings.hpp"
 
 namespace tavik::characterization {
 
@@ -14,36 +15,54 @@ Module::Module(Value names)
       names_(host::interned<Global>()),
       labels_(host::interned<Label>()),
       record_keys_(host::interned<RecordKey>()),
-      input_keys_(host::interned<InputKey>()) {
-  for (const Global name : host::all_words<Global>()) own_[name] = look_up(name);
-  formula_aliases_ = PhraseTable::index(own_[Global::FORMULA_ALIASES]);
-  element_names_ = PhraseTable::index(own_[Global::ELEMENT_NAME_ALIASES]);
+      input_keys_(host::interned<InputKey>()),
+      record_(record_keys_, labels_) {
+  for (const Global name : host::all_words<Global>()) {
+    own_[name] = host::look_up(namespace_, names_[name]);
+  }
+  for (const Decision decision : host::all_words<Decision>()) {
+    for (const Label label : host::all_words<Label>()) {
+      messages_[static_cast<std::size_t>(decision)][label] =
+          host::message(host::Indexed<Decision>::text(decision), labels_[label]);
+    }
+  }
+  element_symbols_ = ElementSymbols::read(own_[Global::KNOWN_ELEMENT_SYMBOLS]);
 }
 
-Value Module::look_up(Global name) const { return host::look_up(namespace_, names_[name]); }
-
-bool Module::is_own(Global name, const Value& current) const { return current.is_same(own_[name]); }
-
-Value Module::read(const Value& mapping, InputKey key) const {
-  return host::get(mapping, input_keys_[key]);
+void Module::examine_namespace() const {
+  const std::uint64_t version = host::version_of(namespace_);
+  if (examined_version_.exchange(version) == version) return;
+  for (const Global name : host::all_words<Global>()) {
+    if (!host::is_bound_to(namespace_, names_[name], own_[name])) return;
+  }
+  untouched_version_ = version;
 }
 
-Value Module::read(const Value& mapping, RecordKey key) const {
-  return host::get(mapping, record_keys_[key]);
+Value Module::look_up_in_namespace(Global name) const {
+  Value current = host::look_up(namespace_, names_[name]);
+  if (is_own(name, current)) examine_namespace();
+  return current;
 }
 
-bool Module::has_key(const Value& mapping, InputKey key) const {
-  return host::contains(mapping, input_keys_[key]);
+Value Module::message_about(Decision decision, const Value& label) const {
+  for (const Label own : host::all_words<Label>()) {
+    if (label.is_same(labels_[own]))
+      return messages_[static_cast<std::size_t>(decision)][own].another();
+  }
+  return host::message(host::Indexed<Decision>::text(decision), label);
 }
 
 bool Module::is_mapping(const Value& value) const { return host::is_mapping(value, mapping_type_); }
 
-void Module::for_each_phrase(Global name, std::string_view words,
-                             const PhraseVisitor& visit) const {
+void Module::for_each_phrase(Global name, host::Text& text, const PhraseVisitor& visit) const {
   const Value table = look_up(name);
-  const auto& index = name == Global::FORMULA_ALIASES ? formula_aliases_ : element_names_;
-  if (index && is_own(name, table)) return index->for_each_match(words, visit);
-  for_each_match(table, words, visit);
+  if (!is_own(name, table)) return for_each_match(table, text, visit);
+  const PhraseTables& own = phrase_tables_.get([&] {
+    return PhraseTables(own_[Global::FORMULA_ALIASES], own_[Global::ELEMENT_NAME_ALIASES]);
+  });
+  const auto which =
+      name == Global::FORMULA_ALIASES ? PhraseTables::formula_aliases : PhraseTables::element_names;
+  own.for_each_match(which, text, visit);
 }
 
 }  // namespace tavik::characterization

@@ -1,15 +1,23 @@
 // All that one loaded module holds: its namespace, what it put there itself, the strings it shares
-// with its host, and the indexes over its own phrase tables. Made when the module is loaded and
-// only read afterwards, so calls on several threads need no lock.
+// with its host, and the index over its own phrase tables. Made when the module is loaded and only
+// read afterwards, so calls on several threads need no lock; the exceptions are the index, which
+// the first call that needs it publishes atomically, and the atomic versions of the namespace.
 #pragma once
 
+#include <array>
+#include <atomic>
+#include <cstdint>
 #include <optional>
 
+#include "host/imports.hpp"
 #include "host/value.hpp"
 #include "host/vocabulary.hpp"
+#include "material_characterization/element_symbols.hpp"
 #include "material_characterization/labels.hpp"
+#include "material_characterization/made_once.hpp"
 #include "material_characterization/names.hpp"
-#include "material_characterization/phrase_table.hpp"
+#include "material_characterization/phrase_tables.hpp"
+#include "material_characterization/record_template.hpp"
 
 namespace tavik::characterization {
 
@@ -21,46 +29,81 @@ class Module {
   /// False after everything held was let go of.
   bool is_live() const { return static_cast<bool>(namespace_); }
 
+  /// Whether nothing was bound anew since every name was last seen to hold what it was loaded with.
+  bool is_untouched() const {
+    return host::version_of(namespace_) == untouched_version_.load(std::memory_order_acquire);
+  }
   /// What the name is bound to now; a NameError when it is not bound any more.
-  host::Value look_up(Global name) const;
+  host::Value look_up(Global name) const {
+    return is_untouched() ? own_[name].another() : look_up_in_namespace(name);
+  }
   /// Whether that is still what the module was loaded with.
-  bool is_own(Global name, const host::Value& current) const;
+  bool is_own(Global name, const host::Value& current) const { return current.is_same(own_[name]); }
 
   const host::Value& label(Label label) const { return labels_[label]; }
   const host::Value& key(RecordKey key) const { return record_keys_[key]; }
 
+  /// A new record, and what it holds under a key.
+  host::Value new_record() const { return record_.copy(); }
+  const host::Value& usual(RecordKey key) const { return record_.usual(key); }
+  /// The evidence for a decision. Messages about the module's own labels are made when it is
+  /// loaded: a call reports up to six, and making one takes as long as eight look-ups.
+  host::Value message_about(Decision decision, const host::Value& label) const;
+
   /// mapping.get(key)
-  host::Value read(const host::Value& mapping, InputKey key) const;
-  host::Value read(const host::Value& mapping, RecordKey key) const;
-  bool has_key(const host::Value& mapping, InputKey key) const;
+  host::Value read(const host::Value& mapping, InputKey key) const {
+    return host::get(mapping, input_keys_[key]);
+  }
+  host::Value read(const host::Value& mapping, RecordKey key) const {
+    return host::get(mapping, record_keys_[key]);
+  }
+  bool has_key(const host::Value& mapping, InputKey key) const {
+    return host::contains(mapping, input_keys_[key]);
+  }
   bool is_mapping(const host::Value& value) const;
 
-  /// Searches the phrase table bound to `name`, in the order of the table.
-  void for_each_phrase(Global name, std::string_view words, const PhraseVisitor& visit) const;
+  /// The symbols that KNOWN_ELEMENT_SYMBOLS is bound to, when they are the module's own; otherwise
+  /// none, and the host's collection is to be asked.
+  const ElementSymbols* own_element_symbols() const {
+    const bool is_ours =
+        is_own(Global::KNOWN_ELEMENT_SYMBOLS, look_up(Global::KNOWN_ELEMENT_SYMBOLS));
+    return is_ours && element_symbols_ ? &*element_symbols_ : nullptr;
+  }
+
+  /// Searches a text for the phrases of the table bound to `name`, in the order of the table.
+  void for_each_phrase(Global name, host::Text& text, const PhraseVisitor& visit) const;
 
   /// Calls action(value) for everything the module holds, until it answers other than 0. This is
   /// the one list of it.
   template <class Action>
   int for_each_held(Action action) {
     int stop = 0;
+    const auto one = [&](host::Value& value) {
+      if (stop == 0 && value) stop = action(value);
+    };
     const auto each = [&](auto& values) {
-      for (host::Value& value : values) {
-        if (stop == 0 && value) stop = action(value);
-      }
+      for (host::Value& value : values) one(value);
     };
     each(own_);
     each(names_);
     each(labels_);
     each(record_keys_);
     each(input_keys_);
-    if (formula_aliases_) each(formula_aliases_->held());
-    if (element_names_) each(element_names_->held());
-    if (stop == 0 && mapping_type_) stop = action(mapping_type_);
-    if (stop == 0 && namespace_) stop = action(namespace_);
+    for (auto& messages : messages_) each(messages);
+    one(record_.held_record());
+    each(record_.held_values());
+    if (element_symbols_) each(element_symbols_->held());
+    if (PhraseTables* const tables = phrase_tables_.made()) tables->for_each_held(one);
+    one(mapping_type_);
+    one(namespace_);
     return stop;
   }
 
  private:
+  host::Value look_up_in_namespace(Global name) const;
+  /// After a change of the namespace: notes its version if the change left every name as it was.
+  void examine_namespace() const;
+
   host::Value namespace_;
   host::Value mapping_type_;
   host::Indexed<Global> names_;
@@ -68,8 +111,12 @@ class Module {
   host::Indexed<Label> labels_;
   host::Indexed<RecordKey> record_keys_;
   host::Indexed<InputKey> input_keys_;
-  std::optional<PhraseTable> formula_aliases_;
-  std::optional<PhraseTable> element_names_;
+  std::array<host::Indexed<Label>, host::Indexed<Decision>::size> messages_;
+  RecordTemplate record_;
+  std::optional<ElementSymbols> element_symbols_;
+  mutable MadeOnce<PhraseTables> phrase_tables_;
+  mutable std::atomic<std::uint64_t> untouched_version_ = 0;
+  mutable std::atomic<std::uint64_t> examined_version_ = 0;
 };
 
 }  // namespace tavik::characterization

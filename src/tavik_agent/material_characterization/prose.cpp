@@ -1,6 +1,7 @@
 // What prose names: all species that it mentions, and the one formula that names the material. Both
 // know compound names, element names and written formulas, and differ in what outranks what.
 #include "host/objects.hpp"
+#include "host/ordered_set.hpp"
 #include "host/strings.hpp"
 #include "material_characterization/formulas.hpp"
 
@@ -9,7 +10,7 @@ namespace {
 
 Value named_compound(const Module& module, Text& text) {
   Value formula;
-  module.for_each_phrase(Global::FORMULA_ALIASES, phrase_context(text), [&](const Value& found) {
+  module.for_each_phrase(Global::FORMULA_ALIASES, text, [&](const Value& found) {
     formula = found.another();
     return false;
   });
@@ -32,7 +33,7 @@ Value unique_texts(const Value& species) {
     const Value text = host::strip(host::text_form(entry));
     if (!host::is_empty(text)) unique.add(text);
   }
-  return unique.list();
+  return unique.take_list();
 }
 
 /// One element alone, or the binary oxide of one element.
@@ -61,10 +62,10 @@ Value _species_from_text(const Module& module, Text& given) {
     found.add(species);
     return true;
   };
-  module.for_each_phrase(Global::FORMULA_ALIASES, phrase_context(*text), add_symbols);
-  module.for_each_phrase(Global::ELEMENT_NAME_ALIASES, phrase_context(*text), add_species);
+  module.for_each_phrase(Global::FORMULA_ALIASES, *text, add_symbols);
+  module.for_each_phrase(Global::ELEMENT_NAME_ALIASES, *text, add_species);
   for_each_candidate(module, *text, add_symbols);
-  return found.list();
+  return found.take_list();
 }
 
 // A compound name, else the first formula written in the text, else what the species leave no doubt

@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "host/ordered_set.hpp"
 #include "host/strings.hpp"
 #include "material_characterization/characterization.hpp"
 
@@ -23,7 +24,7 @@ bool is_decided(const Value& label) { return !is(label, Label::unknown); }
 double rounded(double value) { return std::nearbyint(value * 100.0) / 100.0; }
 
 bool is_intent_driven(const Characterization& call) {
-  return !host::is_empty(call.intent_species) || !host::is_empty(call.intent_formula) ||
+  return !call.intent_species.empty() || !host::is_empty(call.intent_formula) ||
          !host::is_empty(call.intent_complexity) || !host::is_empty(call.intent_correlation) ||
          !host::is_empty(call.intent_magnetism);
 }
@@ -34,7 +35,7 @@ Value merged_evidence(const Characterization& call) {
   evidence.add_all(
       host::list_of(call.module.read(call.base_characterization, RecordKey::evidence)));
   evidence.add_all(call.evidence);
-  return evidence.list();
+  return evidence.take_list();
 }
 
 /// Never below the base's; on equality, and when the base's is not a number, the base's.
@@ -71,9 +72,13 @@ void score_confidence(Characterization& call) {
 Value assemble_record(Characterization& call) {
   call.step = host::upper(host::text_form_or_empty(call.given_step));
   call.intent_driven = host::boolean(is_intent_driven(call));
-  Value record = host::new_dict();
+  call.evidence = host::new_list(call.messages);
+  Value record = call.module.new_record();
+  const auto put = [&](RecordKey key, const Value& value) {
+    if (!value.is_same(call.module.usual(key))) host::set(record, call.module.key(key), value);
+  };
   // Each key bears the name of the working value that it stores.
-#define TAVIK_PUT(name) host::set(record, call.module.key(RecordKey::name), call.name);
+#define TAVIK_PUT(name) put(RecordKey::name, call.name);
   TAVIK_RECORD_KEYS(TAVIK_PUT, )
 #undef TAVIK_PUT
   return record;

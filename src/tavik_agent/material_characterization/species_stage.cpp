@@ -1,5 +1,6 @@
 // Which species the step is about. The first source that names any wins: this step's element block,
 // the intent, an earlier step's element block, the prose, the earlier characterization.
+#include "host/ordered_set.hpp"
 #include "host/strings.hpp"
 #include "material_characterization/calls.hpp"
 #include "material_characterization/characterization.hpp"
@@ -15,7 +16,7 @@ Value species_declared_in(const Characterization& call, const Value& params) {
 void take_intent_species(Characterization& call) {
   host::OrderedSet unique;
   unique.add_all(call.intent_species);
-  call.species = unique.list();
+  call.species = unique.take_list();
   call.report("user query explicitly named species ", call.species, " (LLM intent)");
 }
 
@@ -53,13 +54,12 @@ void take_species_of_base(Characterization& call) {
 }  // namespace
 
 void read_intent_species(Characterization& call) {
-  call.intent_species = host::new_list();
   const Value named = call.module.read(call.query_intent, InputKey::species);
   if (host::is_empty(named)) return;
   host::Iterator items(named);
   while (const Value item = items.next()) {
     const Value symbol = host::strip(host::text_form(item));
-    if (!host::is_empty(symbol)) host::append(call.intent_species, host::capitalised(symbol));
+    if (!host::is_empty(symbol)) call.intent_species.push_back(host::capitalised(symbol));
   }
 }
 
@@ -67,7 +67,7 @@ void resolve_species(Characterization& call) {
   call.species = species_declared_in(call, call.step_params);
   if (!host::is_empty(call.species)) {
     call.report("element definitions declare species ", call.species);
-  } else if (!host::is_empty(call.intent_species)) {
+  } else if (!call.intent_species.empty()) {
     take_intent_species(call);
   }
   if (host::is_empty(call.species)) take_species_of_earlier_steps(call);

@@ -1,5 +1,6 @@
 // Metal, semiconductor or insulator: by archetype, then by formula, then by the user's words, then
 // by the one species.
+#include "host/ordered_set.hpp"
 #include "host/strings.hpp"
 #include "material_characterization/calls.hpp"
 #include "material_characterization/functions.hpp"
@@ -8,20 +9,21 @@
 namespace tavik::characterization {
 namespace {
 
-Value normalised(const Value& species) {
-  Value symbols = host::new_list();
+host::Values normalised(const Value& species) {
+  host::Values symbols;
   host::Iterator items(species);
   while (const Value item = items.next()) {
-    const Value symbol = host::strip(host::text_form(item));
-    if (!host::is_empty(symbol)) host::append(symbols, symbol);
+    Value symbol = host::strip(host::text_form(item));
+    if (!host::is_empty(symbol)) symbols.push_back(std::move(symbol));
   }
   return symbols;
 }
 
-bool holds_one_distinct(const Value& symbols) {
+bool holds_one_distinct(const host::Values& symbols) {
+  if (symbols.size() < 2) return symbols.size() == 1;
   host::OrderedSet distinct;
   distinct.add_all(symbols);
-  return host::length(distinct.list()) == 1;
+  return host::length(distinct.take_list()) == 1;
 }
 
 }  // namespace
@@ -29,7 +31,7 @@ bool holds_one_distinct(const Value& symbols) {
 Label classify_system_class(const Module& module, const Value& given_species,
                             const Value& formula_hint, Text& explicit_text,
                             const Value& structure_archetype) {
-  const Value species = normalised(given_species);
+  const host::Values species = normalised(given_species);
   host::WrittenForm text(explicit_text);
   const Value simple_fm = species_from(module, Global::phase1_simple_ferromagnet_species);
   const Value magnetic_seed_species = species_from(module, Global::collinear_magmom_seed_species);
@@ -45,11 +47,11 @@ Label classify_system_class(const Module& module, const Value& given_species,
   if (text->mentions(text::Group::metallic)) return Label::metal;
 
   if (holds_one_distinct(species) &&
-      is_in(module, Global::SEMICONDUCTOR_FORMULAS, host::first(species))) {
+      is_in(module, Global::SEMICONDUCTOR_FORMULAS, species.front())) {
     return Label::semiconductor;
   }
-  if (host::length(species) == 1) {
-    const Value only = host::first(species);
+  if (species.size() == 1) {
+    const Value& only = species.front();
     if (is_in(module, Global::NONMAGNETIC_METAL_SPECIES, only)) return Label::metal;
     if (host::contains(simple_fm, only)) return Label::metal;
     if (is_in(module, Global::COMPLEX_MAGNETIC_SPECIES, only)) return Label::metal;

@@ -1,6 +1,10 @@
 // Decoding of single characters, forwards and backwards, and what is built on it.
 #include "text/characters.hpp"
 
+#include <bit>
+
+#include "text/byte_masks.hpp"
+
 namespace tavik::text {
 namespace {
 
@@ -18,6 +22,15 @@ bool is_word(const Character& character, const CharacterTables& tables) {
 }
 
 }  // namespace
+
+std::size_t find_capital(std::string_view text, std::size_t at) {
+  for (; at + mask_width <= text.size(); at += mask_width) {
+    const std::uint64_t capitals = capitals_among(&text[at]);
+    if (capitals != 0) return at + static_cast<std::size_t>(std::countr_zero(capitals));
+  }
+  while (at < text.size() && !is_ascii_upper(text[at])) ++at;
+  return at;
+}
 
 Character character_at(std::string_view text, std::size_t at) {
   const auto lead = static_cast<unsigned char>(text[at]);
@@ -40,6 +53,12 @@ bool is_word_boundary(std::string_view text, std::size_t at, const CharacterTabl
   const bool before = at > 0 && is_word(character_before(text, at), tables);
   const bool after = at < text.size() && is_word(character_at(text, at), tables);
   return before != after;
+}
+
+std::string lowered(std::string_view text) {
+  std::string small(text);
+  for (char& byte : small) byte = ascii_lower(byte);
+  return small;
 }
 
 std::string_view strip(std::string_view text, const CharacterTables& tables) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace tavik::text {
@@ -34,6 +35,9 @@ constexpr bool is_ascii_word(char byte) {
   return is_ascii_upper(byte) || is_ascii_lower(byte) || is_ascii_digit(byte) || byte == '_';
 }
 
+/// Where the first ASCII capital at or after byte `at` is; the end of the text when there is none.
+std::size_t find_capital(std::string_view text, std::size_t at);
+
 /// The character that starts at byte `at`, which must lie before the end of `text`.
 Character character_at(std::string_view text, std::size_t at);
 
@@ -43,6 +47,9 @@ Character character_before(std::string_view text, std::size_t at);
 /// Whether one of the two neighbours of byte `at` is a word character and the other is not;
 /// beyond the ends of `text` there is none.
 bool is_word_boundary(std::string_view text, std::size_t at, const CharacterTables& tables);
+
+/// `text` with small letters for ASCII capitals.
+std::string lowered(std::string_view text);
 
 /// `text` without leading and trailing white space.
 std::string_view strip(std::string_view text, const CharacterTables& tables);

@@ -1,6 +1,6 @@
 // A token starts at a word boundary, holds word characters only and ends at a word boundary. So it
-// is always one whole word, and since every part starts with a capital there is one way to split
-// it.
+// is always one whole word that starts with a capital, and since every part does there is one way
+// to split it.
 #include "text/formula.hpp"
 
 namespace tavik::text {
@@ -40,12 +40,18 @@ std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
   return part;
 }
 
-bool is_token(std::string_view word, const CharacterTables& tables) {
-  int parts = 0;
-  for (std::size_t at = 0; at < word.size(); ++parts) {
-    if (parts == longest_token || !read_part(word, at, tables)) return false;
+/// Where up to eight parts that start at byte `at` end.
+std::size_t after_parts(std::string_view text, std::size_t at, const CharacterTables& tables) {
+  for (int part = 0; part < longest_token && at < text.size(); ++part) {
+    if (!read_part(text, at, tables)) break;
   }
-  return true;
+  return at;
+}
+
+bool starts_word(std::string_view text, std::size_t at, const CharacterTables& tables) {
+  if (at == 0) return true;
+  const char before = text[at - 1];
+  return is_ascii(before) ? !is_ascii_word(before) : is_word_boundary(text, at, tables);
 }
 
 }  // namespace
@@ -60,22 +66,22 @@ std::vector<FormulaPart> split_formula(std::string_view text, const CharacterTab
   return parts;
 }
 
-std::string_view FormulaTokens::next_word() {
-  while (at_ < text_.size() && word_character(text_, at_, tables_) == 0) {
-    at_ += character_at(text_, at_).width;
-  }
-  const std::size_t begin = at_;
-  while (at_ < text_.size()) {
-    const std::size_t width = word_character(text_, at_, tables_);
+std::size_t FormulaTokens::end_of_word(std::size_t at) const {
+  while (at < text_.size()) {
+    const std::size_t width = word_character(text_, at, tables_);
     if (width == 0) break;
-    at_ += width;
+    at += width;
   }
-  return text_.substr(begin, at_ - begin);
+  return at;
 }
 
 std::optional<std::string_view> FormulaTokens::next() {
-  for (std::string_view word = next_word(); !word.empty(); word = next_word()) {
-    if (is_token(word, tables_)) return word;
+  while ((at_ = find_capital(text_, at_)) < text_.size()) {
+    const std::size_t begin = at_;
+    const std::size_t end =
+        starts_word(text_, begin, tables_) ? after_parts(text_, begin, tables_) : begin;
+    at_ = end_of_word(end);
+    if (end != begin && at_ == end) return text_.substr(begin, end - begin);
   }
   return std::nullopt;
 }

@@ -5,6 +5,7 @@
 // looks like an element is all that these scanners know.
 #pragma once
 
+#include <bitset>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,22 @@
 #include "text/characters.hpp"
 
 namespace tavik::text {
+
+/// A capital, alone or with a small letter.
+constexpr bool is_symbol(std::string_view text) {
+  return !text.empty() && text.size() <= 2 && is_ascii_upper(text[0]) &&
+         (text.size() == 1 || is_ascii_lower(text[1]));
+}
+
+/// A number below symbol_numbers for whatever has the shape of a symbol.
+constexpr std::size_t symbol_number(std::string_view symbol) {
+  const auto second = symbol.size() == 1 ? 0 : symbol[1] - 'a' + 1;
+  return static_cast<std::size_t>((symbol[0] - 'A') * 27 + second);
+}
+inline constexpr std::size_t symbol_numbers = symbol_number("Zz") + 1;
+
+/// Symbols by their numbers.
+using SymbolSet = std::bitset<symbol_numbers>;
 
 struct FormulaPart {
   std::string_view symbol;
@@ -21,7 +38,8 @@ struct FormulaPart {
 /// The parts of `text`, or none when it is anything but a run of parts from end to end.
 std::vector<FormulaPart> split_formula(std::string_view text, const CharacterTables& tables);
 
-/// Gives the formula tokens of a text, from left to right. Each character is read once or twice.
+/// Gives the formula tokens of a text, from left to right. Each character is read once or twice,
+/// what lies before the next capital by 64 at a time.
 class FormulaTokens {
  public:
   FormulaTokens(std::string_view text, const CharacterTables& tables)
@@ -31,7 +49,7 @@ class FormulaTokens {
   std::optional<std::string_view> next();
 
  private:
-  std::string_view next_word();
+  std::size_t end_of_word(std::size_t at) const;
 
   std::string_view text_;
   const CharacterTables& tables_;

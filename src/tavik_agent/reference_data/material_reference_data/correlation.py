@@ -151,8 +151,10 @@ def is_transition_metal_oxide(species: Sequence[str]) -> bool:
     false for d0, d10 and noble-metal oxides and if carbon or nitrogen is present. The counts are
     not known here, so oxides of one metal in several valences are judged by the commonest.
     """
+    if "O" not in species:
+        return False
     elements = frozenset(species)
-    if "O" not in elements or not elements.isdisjoint(_ADSORBATE_ELEMENTS):
+    if not elements.isdisjoint(_ADSORBATE_ELEMENTS):
         return False
     open_shell = elements & _OPEN_SHELL_METALS
     if open_shell == {"V"}:
