@@ -17,7 +17,7 @@ tools_named := .tools-named
 tools_ready := $(venv)/.tools
 module_ready := $(venv)/.module
 cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
-py := $(shell find src -name '*.py')
+py := $(shell find src -name '*.py' -o -name '*.pyi' -o -name py.typed)
 
 .PHONY: run test lint format clean check-tools FORCE
 
@@ -31,7 +31,8 @@ lint: check-tools $(module_ready)
 	$(bin)/clang-format --dry-run --Werror $(cpp)
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
-	$(bin)/mypy src/tavik_agent/reference_data examples
+	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py examples
+	$(bin)/stubtest tavik_agent.material_characterization
 
 format: check-tools $(tools_ready)
 	$(bin)/clang-format -i $(cpp)
