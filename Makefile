@@ -3,6 +3,7 @@
 #   make test                run all tests
 #   make lint                formatters in check mode, static checks, types
 #   make format              reformat all sources
+#   make package             source package and wheel in dist/, checked in a clean environment
 PYTHON ?= python3.13
 ifeq ($(origin CXX),default)
 CXX := c++
@@ -19,7 +20,7 @@ module_ready := $(venv)/.module
 cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
 py := $(shell find src -name '*.py' -o -name '*.pyi' -o -name py.typed)
 
-.PHONY: run test lint format clean check-tools FORCE
+.PHONY: run test lint format package clean check-tools FORCE
 
 run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
@@ -31,15 +32,20 @@ lint: check-tools $(module_ready)
 	$(bin)/clang-format --dry-run --Werror $(cpp)
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
-	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py examples
+	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py examples scripts
 	$(bin)/stubtest tavik_agent.material_characterization
 
 format: check-tools $(tools_ready)
 	$(bin)/clang-format -i $(cpp)
 	$(bin)/ruff format .
 
+package: check-tools $(tools_ready)
+	@rm -rf dist
+	@$(bin)/python -m build --no-isolation .
+	@$(bin)/python scripts/check-package.py dist
+
 clean:
-	rm -rf $(venv) build $(tools_named)
+	rm -rf $(venv) build dist $(tools_named)
 
 check-tools:
 	@scripts/check-tools.sh "$(PYTHON)" "$(CXX)"
