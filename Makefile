@@ -32,7 +32,8 @@ lint: check-tools $(module_ready)
 	$(bin)/clang-format --dry-run --Werror $(cpp)
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
-	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py examples scripts
+	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py \
+	  src/tavik_agent/characterize examples scripts
 	$(bin)/stubtest tavik_agent.material_characterization
 
 format: check-tools $(tools_ready)

@@ -1,7 +1,10 @@
 """Small, known reference tables for every test, and the means to watch what the module calls."""
 
+import contextlib
 import importlib.machinery
 import importlib.util
+import os
+import subprocess
 import sys
 import types
 from unittest import mock
@@ -81,3 +84,25 @@ def with_tables(request, monkeypatch):
         return module
 
     return rebind if request.param == "rebound" else load
+
+
+@pytest.fixture
+def on_terminal():
+    """Runs a command on a terminal of that width and gives what it wrote there."""
+    pty, termios = map(pytest.importorskip, ("pty", "termios"))
+
+    def run(words, width=80):
+        screen, terminal = pty.openpty()
+        termios.tcsetwinsize(terminal, (50, width))
+        environment = {k: v for k, v in os.environ.items() if k not in ("COLUMNS", "NO_COLOR")}
+        environment["TERM"] = "xterm-256color"
+        with subprocess.Popen(words, stdout=terminal, stderr=terminal, env=environment):
+            os.close(terminal)
+            written = b""
+            with contextlib.suppress(OSError):  # there is nobody left to write
+                while more := os.read(screen, 65536):
+                    written += more
+        os.close(screen)
+        return written.decode()
+
+    return run

@@ -1,0 +1,4 @@
+"""The command tavik-characterize: a request on the screen."""
+
+NAME = "tavik-characterize"
+TROUBLE = 2  # the exit status when something is not as expected

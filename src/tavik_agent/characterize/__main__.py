@@ -1,0 +1,37 @@
+"""Starts the command, or says in one line what it lacks to start."""
+
+import signal
+import sys
+
+from . import NAME, TROUBLE
+
+INTERRUPTED = 130
+
+
+def main() -> None:
+    if hasattr(signal, "SIGPIPE"):
+        # A reader that has seen enough ends the command, as it does any other.
+        signal.signal(signal.SIGPIPE, signal.SIG_DFL)
+    if sys.stdin is None or sys.stdout is None:
+        _end("expected standard input and output to be open", TROUBLE)
+    try:
+        from .command import run
+
+        sys.exit(run(sys.argv[1:]))
+    except ModuleNotFoundError as missing:
+        library = (missing.name or "").partition(".")[0]
+        if library not in ("click", "rich"):
+            raise
+        extra = "pip install 'tavik-agent-material-characterization[cli]'"
+        _end(f"the library {library} is missing: {extra}", TROUBLE)
+    except KeyboardInterrupt:
+        _end("interrupted", INTERRUPTED)
+
+
+def _end(message: str, status: int) -> None:
+    print(f"{NAME}: {message}", file=sys.stderr)
+    sys.exit(status)
+
+
+if __name__ == "__main__":
+    main()

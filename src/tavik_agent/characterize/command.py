@@ -1,0 +1,120 @@
+"""The command line: what was typed, as a request."""
+
+import os
+import re
+import sys
+from collections.abc import Callable, Sequence
+from io import TextIOWrapper
+from typing import Any
+
+import click
+
+from . import NAME, TROUBLE
+from .files import Trouble, input_place, json_bytes, read_json, trouble_at
+from .request import characterize, check
+from .screen import console_for_output, show_record
+
+INTENT_OPTIONS = {
+    "formula": ("--formula", "the formula"),
+    "correlation": ("--correlation", '"dft+u", "hybrid" or "plain_dft"'),
+    "magnetism": ("--magnetism", '"antiferromagnetic", say'),
+    "complexity_hint": ("--complexity", '"simple", say'),
+    "units": ("--energy-unit", '"eV" or "Hartree"'),
+    "structure_description": ("--structure", "the structure in words"),
+}
+
+
+def _intent_options(command: Callable[..., int]) -> Callable[..., int]:
+    for key, (option, words) in reversed(INTENT_OPTIONS.items()):
+        command = click.option(option, key, metavar="TEXT", help=f"Intent: {words}.")(command)
+    return command
+
+
+@click.command()
+@click.argument("query", nargs=-1)
+@click.option("--request", "file", metavar="FILE", help="All arguments, as a JSON object.")
+@click.option("--step", metavar="NAME", help="The planning step.")
+@click.option("--species", metavar="LIST", help='The step\'s elements, as "Fe,O".')
+@_intent_options
+@click.option("--finding", "findings", metavar="TEXT", multiple=True, help="A finding so far.")
+@click.option("--base", metavar="FILE", help="An earlier record, to merge the new one into.")
+@click.option("--json", "as_json", is_flag=True, help="Print the record as JSON.")
+def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) -> int:
+    """Characterize the request QUERY and show its record.
+
+    What is typed replaces the same entry of the request in FILE. "-" is standard input.
+    """
+    if file == typed["base"] == "-":
+        raise click.UsageError("standard input can be only one of --request and --base")
+    typed_arguments = _arguments(" ".join(query), **typed)
+    if not file and not query and not typed_arguments:
+        raise click.UsageError("expected a request in words or --request FILE; see --help")
+    place = input_place(file) if file else "the request"
+    given = check(read_json(file), place) if file else {"step": ""}
+    arguments = _replaced(given, typed_arguments)
+    record = characterize(arguments, place)
+    if as_json:
+        sys.stdout.buffer.write(json_bytes(record, place, indent=True))
+    else:
+        show_record(console_for_output(), record, arguments.get("query_text") or "")
+    return 0
+
+
+def _arguments(
+    query: str,
+    step: str | None,
+    species: str | None,
+    findings: tuple[str, ...],
+    base: str | None,
+    units: str | None,
+    **intent: str | None,
+) -> dict[str, Any]:
+    """The arguments that were typed, and no others."""
+    symbols = re.split(r"[,\s]+", species.strip(", ")) if species else []
+    earlier = {"base_characterization": read_json(base)} if base else {}
+    typed = {
+        "step": step,
+        "step_params": {"element": [{"species": symbol} for symbol in symbols]} if symbols else {},
+        "query_text": query,
+        "findings": [*findings],
+        **check(earlier, input_place(base or "")),
+        "query_intent": {key: text for key, text in intent.items() if text is not None}
+        | ({"units": {"energy": units}} if units else {}),
+    }
+    return {name: value for name, value in typed.items() if value}
+
+
+def _replaced(given: dict[str, Any], typed: dict[str, Any]) -> dict[str, Any]:
+    entries = {
+        name: (given.get(name) or {}) | typed[name]
+        for name in ("step_params", "query_intent")
+        if name in typed
+    }
+    return given | typed | entries
+
+
+def run(words: Sequence[str]) -> int:
+    """Runs the command line; returns its exit status and tells any trouble in one line."""
+    if isinstance(sys.stdout, TextIOWrapper):
+        sys.stdout.reconfigure(errors="backslashreplace")
+    try:
+        with trouble_at("standard output"), show.make_context(NAME, [*words]) as context:
+            status: int = show.invoke(context)
+            sys.stdout.flush()
+            return status
+    except click.exceptions.Exit as done:
+        return done.exit_code
+    except (Trouble, click.ClickException, RecursionError) as error:
+        what = error.format_message() if isinstance(error, click.ClickException) else error
+        click.echo(f"{NAME}: {what}", err=True)
+    finally:
+        _abandon_failed_output()
+    return TROUBLE
+
+
+def _abandon_failed_output() -> None:
+    """Keeps the host from trying again, at its end, to write what could not be written."""
+    try:
+        sys.stdout.flush()
+    except OSError:
+        os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())

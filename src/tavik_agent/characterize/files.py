@@ -1,0 +1,79 @@
+"""Files as they are named on the command line, "-" for the standard streams, and what is wrong in
+them, told in one line that names the place.
+"""
+
+import codecs
+import json
+import sys
+from collections.abc import Iterator
+from contextlib import contextmanager
+from typing import Any
+
+TOO_DEEP = "expected JSON that is nested less deeply"
+
+
+class Trouble(Exception):
+    """What was expected at a place and not found there."""
+
+    def __init__(self, place: str, what: str) -> None:
+        super().__init__(f"{place}: {what}")
+        self.what = what
+
+
+@contextmanager
+def trouble_at(place: str) -> Iterator[None]:
+    """Tells a failure to read or write there as trouble."""
+    try:
+        yield
+    except OSError as error:
+        raise Trouble(place, error.strerror or str(error)) from error
+
+
+def input_place(path: str) -> str:
+    return "standard input" if path == "-" else path
+
+
+def read_lines(path: str) -> Iterator[bytes]:
+    """The lines of a file, with their ends, as they come in."""
+    with trouble_at(input_place(path)):
+        if path == "-":
+            yield from sys.stdin.buffer
+        else:
+            with open(path, "rb") as file:
+                yield from file
+
+
+def read_json(path: str) -> Any:
+    return parse_json(b"".join(read_lines(path)), input_place(path))
+
+
+def parse_json(data: bytes, place: str, first_line: int = 1) -> Any:
+    """The value written in data, which begins on that line of the place."""
+    try:
+        return json.loads(data.removeprefix(codecs.BOM_UTF8).decode())
+    except UnicodeDecodeError as error:
+        before = data[: error.start]
+        line = first_line + before.count(b"\n")
+        column = len(before) - before.rfind(b"\n")
+        what = f"expected UTF-8, not the byte 0x{data[error.start]:02x}"
+        raise Trouble(f"{place}:{line}:{column}", what) from error
+    except json.JSONDecodeError as error:
+        at = f"{place}:{first_line + error.lineno - 1}:{error.colno}"
+        raise Trouble(at, f"invalid JSON: {error.msg}") from error
+    except RecursionError as error:
+        raise Trouble(f"{place}:{first_line}", TOO_DEEP) from error
+    except ValueError as error:  # an integer beyond what the host converts
+        raise Trouble(f"{place}:{first_line}", str(error)) from error
+
+
+_encoder = json.JSONEncoder(ensure_ascii=False)
+_indenting_encoder = json.JSONEncoder(ensure_ascii=False, indent=2)
+
+
+def json_bytes(value: Any, place: str, *, indent: bool = False) -> bytes:
+    """JSON in UTF-8, with its line end. A lone surrogate is written as JSON's escape for it."""
+    try:
+        text = (_indenting_encoder if indent else _encoder).encode(value)
+    except RecursionError as error:
+        raise Trouble(place, TOO_DEEP) from error
+    return text.encode("utf-8", "backslashreplace") + b"\n"
