@@ -137,6 +137,7 @@ REPLACED |= {"query_intent": {"species": ["Ni"], "formula": "Fe2O3"}}
     [
         (["a  b"], {"step": "", "query_text": "a  b"}),
         (["a", "b"], {"step": "", "query_text": "a b"}),
+        (["--", "batch"], {"step": "", "query_text": "batch"}),
         (["--species", "Fe, O"], {"step": "", "step_params": IRON}),
         (["--energy-unit=eV"], {"step": "", "query_intent": {"units": {"energy": "eV"}}}),
         (["--formula="], {"step": "", "query_intent": {"formula": ""}}),
@@ -198,6 +199,9 @@ def test_trouble_in_a_file(content, message, capfd):
         ("--request nowhere", ": nowhere: No such file or directory"),
         ("--request - --base -", ": standard input can be only one of"),
         ("--base /", ": /: Is a directory"),
+        ("batch", " batch: Missing argument 'IN.jsonl'."),
+        ("batch x --resume", " batch: --resume goes with -o OUT.jsonl"),
+        ("batch nowhere", " batch: nowhere: No such file or directory"),
     ],
 )
 def test_wrong_usage(words, message, capfd):

@@ -1,4 +1,4 @@
-"""The command line: what was typed, as a request."""
+"""The command line: a request, unless the first word is the name of another command."""
 
 import os
 import re
@@ -10,6 +10,7 @@ from typing import Any
 import click
 
 from . import NAME, TROUBLE
+from .batch import answer_all
 from .files import Trouble, input_place, json_bytes, read_json, trouble_at
 from .request import characterize, check
 from .screen import console_for_output, show_record
@@ -30,7 +31,11 @@ def _intent_options(command: Callable[..., int]) -> Callable[..., int]:
     return command
 
 
-@click.command()
+@click.command(
+    epilog=f"""\b
+Other commands; a QUERY that begins with such a word or with "-" goes behind "--":
+  {NAME} batch    answer a file of requests"""
+)
 @click.argument("query", nargs=-1)
 @click.option("--request", "file", metavar="FILE", help="All arguments, as a JSON object.")
 @click.option("--step", metavar="NAME", help="The planning step.")
@@ -93,20 +98,44 @@ def _replaced(given: dict[str, Any], typed: dict[str, Any]) -> dict[str, Any]:
     return given | typed | entries
 
 
+@click.command()
+@click.argument("source", metavar="IN.jsonl")
+@click.option("-o", "--output", "target", metavar="OUT.jsonl", default="-", help="A new file.")
+@click.option("--resume", is_flag=True, help="Go on after the whole lines that OUT.jsonl holds.")
+def batch(source: str, target: str, resume: bool) -> int:
+    """Answer the requests in IN.jsonl, a JSON object a line, with a record a line.
+
+    A line that is no request is answered with an error object, {"error": {"line": ..., "message":
+    ...}}, and told on standard error; the exit status is then 1. "-" is a standard stream.
+    """
+    if resume and target == "-":
+        raise click.UsageError("--resume goes with -o OUT.jsonl")
+    tally = answer_all(source, target, resume=resume)
+    if tally.bad:
+        click.echo(f"{NAME}: {tally.bad} of {tally.lines} lines are bad", err=True)
+    return 1 if tally.bad else 0
+
+
+COMMANDS = {"batch": batch}
+
+
 def run(words: Sequence[str]) -> int:
     """Runs the command line; returns its exit status and tells any trouble in one line."""
     if isinstance(sys.stdout, TextIOWrapper):
         sys.stdout.reconfigure(errors="backslashreplace")
+    command, name, rest = show, NAME, [*words]
+    if rest and rest[0] in COMMANDS:
+        command, name = COMMANDS[rest[0]], f"{NAME} {rest.pop(0)}"
     try:
-        with trouble_at("standard output"), show.make_context(NAME, [*words]) as context:
-            status: int = show.invoke(context)
+        with trouble_at("standard output"), command.make_context(name, rest) as context:
+            status: int = command.invoke(context)
             sys.stdout.flush()
             return status
     except click.exceptions.Exit as done:
         return done.exit_code
     except (Trouble, click.ClickException, RecursionError) as error:
         what = error.format_message() if isinstance(error, click.ClickException) else error
-        click.echo(f"{NAME}: {what}", err=True)
+        click.echo(f"{name}: {what}", err=True)
     finally:
         _abandon_failed_output()
     return TROUBLE
