@@ -138,6 +138,7 @@ REPLACED |= {"query_intent": {"species": ["Ni"], "formula": "Fe2O3"}}
         (["a  b"], {"step": "", "query_text": "a  b"}),
         (["a", "b"], {"step": "", "query_text": "a b"}),
         (["--", "batch"], {"step": "", "query_text": "batch"}),
+        (["compare NiO"], {"step": "", "query_text": "compare NiO"}),
         (["--species", "Fe, O"], {"step": "", "step_params": IRON}),
         (["--energy-unit=eV"], {"step": "", "query_intent": {"units": {"energy": "eV"}}}),
         (["--formula="], {"step": "", "query_intent": {"formula": ""}}),
@@ -202,6 +203,8 @@ def test_trouble_in_a_file(content, message, capfd):
         ("batch", " batch: Missing argument 'IN.jsonl'."),
         ("batch x --resume", " batch: --resume goes with -o OUT.jsonl"),
         ("batch nowhere", " batch: nowhere: No such file or directory"),
+        ("compare - -", " compare: standard input can be only one of"),
+        ("compare a b c", " compare: Got unexpected extra argument (c)"),
     ],
 )
 def test_wrong_usage(words, message, capfd):

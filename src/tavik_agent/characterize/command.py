@@ -11,6 +11,7 @@ import click
 
 from . import NAME, TROUBLE
 from .batch import answer_all
+from .compare import compare
 from .files import Trouble, input_place, json_bytes, read_json, trouble_at
 from .request import characterize, check
 from .screen import console_for_output, show_record
@@ -34,7 +35,8 @@ def _intent_options(command: Callable[..., int]) -> Callable[..., int]:
 @click.command(
     epilog=f"""\b
 Other commands; a QUERY that begins with such a word or with "-" goes behind "--":
-  {NAME} batch    answer a file of requests"""
+  {NAME} batch    answer a file of requests
+  {NAME} compare  show which labels changed between two runs"""
 )
 @click.argument("query", nargs=-1)
 @click.option("--request", "file", metavar="FILE", help="All arguments, as a JSON object.")
@@ -116,7 +118,20 @@ def batch(source: str, target: str, resume: bool) -> int:
     return 1 if tally.bad else 0
 
 
-COMMANDS = {"batch": batch}
+@click.command("compare")
+@click.argument("before", metavar="A.jsonl")
+@click.argument("after", metavar="B.jsonl")
+def compare_runs(before: str, after: str) -> int:
+    """Show which labels changed from A.jsonl to B.jsonl, by request and counted by field.
+
+    Exit status 0 when none did, 1 when some did.
+    """
+    if before == after == "-":
+        raise click.UsageError("standard input can be only one of the two")
+    return 0 if compare(console_for_output(), before, after) else 1
+
+
+COMMANDS = {"batch": batch, "compare": compare_runs}
 
 
 def run(words: Sequence[str]) -> int:
