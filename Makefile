@@ -3,6 +3,7 @@
 #   make test                run all tests
 #   make lint                formatters in check mode, static checks, types
 #   make format              reformat all sources
+#   make bench               what a call costs, as ratios; not part of the tests
 #   make package             source package and wheel in dist/, checked in a clean environment
 PYTHON ?= python3.13
 ifeq ($(origin CXX),default)
@@ -20,7 +21,7 @@ module_ready := $(venv)/.module
 cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
 py := $(shell find src -name '*.py' -o -name '*.pyi' -o -name py.typed)
 
-.PHONY: run test lint format package clean check-tools FORCE
+.PHONY: run test lint format bench package clean check-tools FORCE
 
 run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
@@ -33,12 +34,15 @@ lint: check-tools $(module_ready)
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
 	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py \
-	  src/tavik_agent/characterize examples scripts
+	  src/tavik_agent/characterize benchmarks examples scripts
 	$(bin)/stubtest tavik_agent.material_characterization
 
 format: check-tools $(tools_ready)
 	$(bin)/clang-format -i $(cpp)
 	$(bin)/ruff format .
+
+bench: check-tools $(module_ready)
+	@$(bin)/python benchmarks/bench.py
 
 package: check-tools $(tools_ready)
 	@rm -rf dist
