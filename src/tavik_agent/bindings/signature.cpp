@@ -5,24 +5,66 @@
 #include <optional>
 #include <string>
 
+#include "host/imports.hpp"
 #include "host/objects.hpp"
 #include "host/strings.hpp"
 
 namespace tavik::bindings {
 namespace {
 
+using host::check;
 using host::Value;
 
-/// Defines a host function with the same name and parameters and makes the same call of it: the
-/// host then refuses it as it does for its own functions, before any of it runs.
+Value default_of(const Parameter& parameter) {
+  return parameter.otherwise == Default::null ? Value::null() : host::string("");
+}
+
+Value number(std::size_t value) { return Value::steal(PyLong_FromSize_t(value)); }
+
+/// A code object with the parameters of the signature. It is not compiled: the host's compiler does
+/// not survive an allocation that fails.
+Value code_of(const Signature& signature, const char* name) {
+  const Value empty = Value::steal(reinterpret_cast<PyObject*>(PyCode_NewEmpty("", name, 1)));
+  const Value names = host::new_list();
+  for (std::size_t i = 0; i < signature.count; ++i) {
+    host::append(names, host::string(signature.parameters[i].name));
+  }
+  if (signature.takes_any_number) host::append(names, host::string(signature.written));
+  const std::size_t several = signature.takes_any_number ? CO_VARARGS : 0;
+  return host::call_with_keywords(
+      host::attribute(empty, "replace"),
+      {number(signature.positional).get(), number(signature.count - signature.positional).get(),
+       number(host::length(names)).get(), Value::steal(PyList_AsTuple(names.get())).get(),
+       number(CO_OPTIMIZED | CO_NEWLOCALS | several).get()},
+      {"co_argcount", "co_kwonlyargcount", "co_nlocals", "co_varnames", "co_flags"});
+}
+
+/// A host function with the same name, parameters and defaults that has no body.
+Value twin_of(const Signature& signature, const char* name) {
+  const Value defaults = host::new_list();
+  const Value keyword_defaults = host::new_dict();
+  for (std::size_t i = 0; i < signature.count; ++i) {
+    const Parameter& parameter = signature.parameters[i];
+    if (parameter.otherwise == Default::none) continue;
+    if (i < signature.positional) {
+      host::append(defaults, default_of(parameter));
+    } else {
+      host::set(keyword_defaults, host::string(parameter.name), default_of(parameter));
+    }
+  }
+  Value function =
+      Value::steal(PyFunction_New(code_of(signature, name).get(), host::new_dict().get()));
+  check(PyFunction_SetDefaults(function.get(), Value::steal(PyList_AsTuple(defaults.get())).get()));
+  check(PyFunction_SetKwDefaults(function.get(), keyword_defaults.get()));
+  return function;
+}
+
+/// Makes the same call of the function's twin: the host refuses it as it does for its own
+/// functions.
 [[noreturn]] void refuse(const Signature& signature, const Arguments& arguments) {
   const std::string name(signature.name);
-  const std::string source = "def " + name + "(" + std::string(signature.written) + "): pass\n";
-  const Value names = host::new_dict();
-  Value::steal(PyRun_String(source.c_str(), Py_file_input, names.get(), names.get()));
-  const Value function = host::get(names, host::string(name));
-  Value::steal(PyObject_Vectorcall(function.get(), arguments.values, arguments.positional,
-                                   arguments.keyword_names));
+  Value::steal(PyObject_Vectorcall(twin_of(signature, name.c_str()).get(), arguments.values,
+                                   arguments.positional, arguments.keyword_names));
   host::raise(PyExc_SystemError, "%s() refused arguments that fit its signature", name.c_str());
 }
 
@@ -32,10 +74,6 @@ std::optional<std::size_t> find_parameter(const Signature& signature, const Valu
     if (host::equals(keyword, name)) return i;
   }
   return std::nullopt;
-}
-
-Value default_of(const Parameter& parameter) {
-  return parameter.otherwise == Default::null ? Value::null() : host::string("");
 }
 
 /// Whether the call fits; `bound` then holds what it gives.
