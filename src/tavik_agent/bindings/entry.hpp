@@ -4,6 +4,7 @@
 
 #include <Python.h>
 
+#include <array>
 #include <new>
 #include <tuple>
 #include <type_traits>
@@ -34,6 +35,20 @@ auto guarded(Body body, std::invoke_result_t<Body> failure) noexcept -> std::inv
   }
 }
 
+/// One step towards the host's limit on nested calls of C functions; a RecursionError beyond it.
+class Nested {
+ public:
+  Nested() {
+    if (Py_EnterRecursiveCall(" in material_characterization") != 0) throw host::Error{};
+  }
+  Nested(const Nested&) = delete;
+  Nested& operator=(const Nested&) = delete;
+  ~Nested() { Py_LeaveRecursiveCall(); }
+};
+/// The limit is made for functions of the host's size. A call here takes three times their stack,
+/// and host code that it runs may make another, so it counts three times, once by the host.
+using Nesting = std::array<Nested, 2>;
+
 /// The state of a loaded module.
 Module& state_of(PyObject* module);
 
@@ -60,6 +75,7 @@ PyObject* enter(PyObject* self, PyObject* const* values, Py_ssize_t positional,
   static_assert(signature.count == arity(Function));
   return guarded(
       [&] {
+        const Nesting nesting;
         const Module& module = state_of(self);
         Bound bound =
             bind(signature, {values, static_cast<std::size_t>(positional), keyword_names});
@@ -77,6 +93,7 @@ PyObject* enter_any_number(PyObject* self, PyObject* const* values, Py_ssize_t p
   static_assert(signature.takes_any_number);
   return guarded(
       [&] {
+        const Nesting nesting;
         const Module& module = state_of(self);
         std::vector<Value> parts;
         for (PyObject* value : bind_any_number(
