@@ -14,8 +14,8 @@ namespace {
 
 using host::Value;
 
-constexpr const char* acronyms_module = "tavik_agent.method_acronyms";
-constexpr const char* reference_module = "tavik_agent.material_reference_data";
+constexpr std::string_view acronyms_module = "tavik_agent.method_acronyms";
+constexpr std::string_view reference_module = "tavik_agent.material_reference_data";
 
 // What text/formula.hpp scans for, for readers and tests in the host.
 constexpr std::string_view formula_token_pattern = R"(\b(?:[A-Z][a-z]?\d*){1,8}\b)";
@@ -30,7 +30,7 @@ void fill_namespace(const Value& names) {
   const Value acronyms = host::import_from(acronyms_module, "METHOD_ACRONYMS");
   bind("METHOD_ACRONYMS", acronyms);
   for (const std::string_view name : texts_of(characterization::ReferenceName{})) {
-    bind(name, host::import_from(reference_module, name.data()));
+    bind(name, host::import_from(reference_module, name));
   }
   const Value compile = host::import_from("re", "compile");
   bind("_FORMULA_TOKEN_RE", host::call(compile, host::string(formula_token_pattern)));

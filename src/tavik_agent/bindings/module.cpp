@@ -18,7 +18,7 @@ struct State {
 State* raw_state(PyObject* module) { return static_cast<State*>(PyModule_GetState(module)); }
 
 template <class Entry>
-PyMethodDef describe(const char* name, Entry entry, const char* docstring) {
+PyMethodDef describe(const char* name, Entry entry, const char* docstring) noexcept {
   return {name, _PyCFunction_CAST(entry), METH_FASTCALL | METH_KEYWORDS, docstring};
 }
 

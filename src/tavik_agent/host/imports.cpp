@@ -35,7 +35,7 @@ Value find_attribute(const Value& object, const Value& name) {
 
 }  // namespace
 
-Value import_from(const char* module, const char* name) {
+Value import_from(std::string_view module, std::string_view name) {
   const Value module_name = string(module);
   const Value attribute = string(name);
   const Value imported = Value::steal(PyImport_Import(module_name.get()));

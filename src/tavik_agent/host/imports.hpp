@@ -5,13 +5,14 @@
 #include <atomic>
 #include <cstdint>
 #include <initializer_list>
+#include <string_view>
 
 #include "host/value.hpp"
 
 namespace tavik::host {
 
 /// from module import name. Throws with the host's ImportError, which names what is missing.
-Value import_from(const char* module, const char* name);
+Value import_from(std::string_view module, std::string_view name);
 
 /// The value that a name is bound to in a namespace; a NameError when there is none.
 Value look_up(const Value& names, const Value& name);

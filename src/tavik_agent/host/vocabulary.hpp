@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "host/value.hpp"
@@ -48,7 +49,7 @@ Indexed<Word> interned() {
   Indexed<Word> strings;
   auto text = Indexed<Word>::texts.begin();
   for (Value& string : strings) {
-    string = Value::steal(PyUnicode_InternFromString((text++)->data()));
+    string = Value::steal(PyUnicode_InternFromString(std::string(*text++).c_str()));
   }
   return strings;
 }
