@@ -1,0 +1,54 @@
+"""Checks random requests for a given time: python -m reliability.fuzz SECONDS [SEED].
+
+Every request has a seed of its own, counted up from SEED (from the clock when not given). The first
+that fails is printed, with the seed that brings it back, and ends the run with status 1."""
+
+import sys
+import time
+
+from . import copies, generate, properties
+
+
+class Checker:
+    def __init__(self):
+        self._modules = copies.fresh(), copies.replaced()
+
+    def check(self, seed, left_out=()):
+        request, fits = generate.Generator(seed).request(properties.KEYS)
+        request |= {name: "" if name in ("step", "query_text") else None for name in left_out}
+        try:
+            properties.check(*self._modules, request, fits, seed)
+        except Exception as error:
+            error.add_note(f"seed {seed}: characterize_material(**{request!r})")
+            raise
+
+    def fails(self, seed, left_out):
+        try:
+            self.check(seed, left_out)
+        except Exception:
+            return True
+        return False
+
+    def check_reduced(self, seed):
+        """Fails with no more arguments than it takes."""
+        left_out = []
+        for name in generate.Generator(seed).request(properties.KEYS)[0]:
+            if self.fails(seed, [*left_out, name]):
+                left_out.append(name)
+        self.check(seed, left_out)
+
+
+def main(seconds, seed):
+    print(f"{seconds:g} seconds from seed {seed}", flush=True)
+    checker, end, first = Checker(), time.monotonic() + seconds, seed
+    while seed == first or time.monotonic() < end:
+        if checker.fails(seed, []):
+            print(f"again with: make fuzz SECONDS=0 SEED={seed}", flush=True)
+            checker.check_reduced(seed)
+        seed += 1
+    print(f"{seed - first} requests, no failure")
+
+
+if __name__ == "__main__":
+    given = [int(seed) for seed in sys.argv[2:]]
+    main(float(sys.argv[1]), *given or [time.time_ns() // 10**6])

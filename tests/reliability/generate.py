@@ -1,0 +1,124 @@
+"""Random requests, the same for the same seed: words that the rules know in usual and unusual
+text, structured values in the shapes that are read and, in every third, values that fit nowhere."""
+
+import collections
+import random
+import tomllib
+import types
+from pathlib import Path
+
+from tavik_agent.method_acronyms import METHOD_ACRONYMS
+
+from tavik_agent import material_reference_data as reference
+
+REQUESTS = [
+    request
+    for path in sorted((Path(__file__).parents[1] / "requests").glob("*.toml"))
+    for group in tomllib.loads(path.read_text()).values()
+    for request in group
+]
+WRITTEN = [word for request in REQUESTS for word in str(request.get("query", "")).split()]
+SYMBOLS = sorted(reference.KNOWN_ELEMENT_SYMBOLS)
+NAMES = sorted({*reference.FORMULA_ALIASES, *reference.ELEMENT_NAME_ALIASES})
+FORMULAS = sorted({*reference.SEMICONDUCTOR_FORMULAS, *reference.DFTU_SENSITIVE_FORMULAS, "NaCl"})
+KEYWORDS = "2d vacuum slab bulk crystal graphene mxene surface stm tip sample exfoliated metallic \
+zincblende collinear non-collinear antiferromagnetic soc dft+u hubbard ev hartree electron-volt \
+atomic units minimal cell alpha-mn h-bn mos2 phosphorene spin-orbit layered monolayer"
+INTENT = {
+    "correlation": ["dft+u", "hybrid", "plain_dft", " DFT+U "],
+    "magnetism": ["non-collinear", "antiferromagnetic", "Ferromagnetic", "nonmagnetic", "odd"],
+    "complexity_hint": ["simple", "tutorial", " Minimal", "basic", "full"],
+    "units": [{"energy": unit} for unit in ("eV", "Hartree", "electron-volts", " a.u.", "Ry")],
+}
+ODD_TEXT = [*"\0\ud800İßﬁ\u2028_(\U0001f9ea", "Fe²", "Fe٣", "x" * 300]
+LABELS = ["unknown", "other", "metal", "oxide", "periodic_bulk", "plain_dft", ""]
+
+
+def odd_values():
+    """Made anew each time, since a request may change what stands in it."""
+    return [
+        *(None, True, 0, -1, 10**30, 0.0, float("nan"), float("inf"), 1j, b"Fe", ..., range(3)),
+        *((), ("Fe", "O"), [], [[]], {}, {1: 2}, {None: None}, {"species": {"species": []}}, dict),
+        *(set(), frozenset({"Fe"}), types.MappingProxyType({"species": "Ni"}), "", " ", "\t\0"),
+        *([None, 1, {"a": "b"}], collections.UserDict(species=["Cu"]), collections.Counter("Fe")),
+        *ODD_TEXT,
+    ]
+
+
+class Generator(random.Random):
+    def maybe(self, chance, draw, *arguments):
+        return draw(*arguments) if self.random() < chance else None
+
+    def several(self, most, draw):
+        return [draw() for _ in range(self.randrange(most))]
+
+    def word(self):
+        kinds = (
+            WRITTEN,
+            NAMES,
+            FORMULAS,
+            SYMBOLS,
+            KEYWORDS.split(),
+            ODD_TEXT,
+            sorted(METHOD_ACRONYMS),
+        )
+        word = self.choice(*self.choices(kinds, (6, 4, 4, 2, 5, 1, 1)))
+        return self.choices([word, word.upper(), word.title(), word[::-1]], (12, 1, 1, 1))[0]
+
+    def text(self, most=12):
+        separators = self.choices(
+            [" ", ", ", "\n", "-", "  ", "/", ""], (30, 2, 1, 1, 1, 1, 1), k=most
+        )
+        return "".join(map(str.__add__, self.several(most, self.word), separators))
+
+    def species(self):
+        shape = self.choice([str, str.lower, " {} ".format])
+        return self.several(4, lambda: shape(self.choice(SYMBOLS)))
+
+    def step_params(self):
+        listed = [{"species": symbol} for symbol in self.species()]
+        keyed = {symbol: self.choice([{"species": symbol}, 1]) for symbol in self.species()}
+        rows = self.choice([[[0, 0, 0]], "a.xyz", None])
+        params = {
+            "element": self.choice([listed, keyed]),
+            "atom": {self.choice(["xyz", "fracxyz"]): rows},
+            "domain": {"latvec": self.choice([[[1, 0, 0]], None])},
+        }
+        return {key: value for key, value in params.items() if self.random() < 0.5}
+
+    def intent(self):
+        drawn = {"species": self.species(), "formula": self.word()}
+        drawn |= {"structure_description": self.text(4)}
+        drawn |= {key: self.choice(words) for key, words in INTENT.items()}
+        return {key: value for key, value in drawn.items() if self.random() < 0.3}
+
+    def base(self, keys):
+        values = {"species": self.species(), "evidence": ["A", "B", "A"], "note": object}
+        values["confidence"] = self.choice([0.9, "0.5", 0])
+        chosen = self.sample(sorted({*keys, "note"}), self.randrange(len(keys)))
+        return {key: values.get(key, self.choice(LABELS)) for key in chosen}
+
+    def put_odd_value(self, tree):
+        while True:
+            place = self.choice([*tree] if isinstance(tree, dict) else range(len(tree)))
+            if not isinstance(tree[place], dict | list) or not tree[place] or self.random() < 0.3:
+                tree[place] = self.choice(odd_values())
+                return
+            tree = tree[place]
+
+    def request(self, keys):
+        """The arguments of one call, and whether all of them are of a kind that fits."""
+        request = {
+            "step": self.choice(["relax", "scf", "", "straße"]),
+            "query_text": self.text(),
+            "step_params": self.maybe(0.6, self.step_params),
+            "findings": self.maybe(0.4, self.several, 3, self.text),
+            "planner_manifest": self.maybe(0.3, lambda: {"purpose": self.text(4), "notes": ["x"]}),
+            "previous_steps_params": self.maybe(0.3, lambda: {"a": {}, "b": self.step_params()}),
+            "base_characterization": self.maybe(0.4, self.base, keys),
+            "query_intent": self.maybe(0.6, self.intent),
+        }
+        odd_values = self.choice([0, 0, 0, 0, 1, 3])
+        for _ in range(odd_values):
+            self.put_odd_value(request)
+        return request, not odd_values

@@ -1,0 +1,81 @@
+"""Values whose methods fail, lie, change what is being read, or call back."""
+
+import collections.abc
+import copy
+
+CONTENT = {"species": ["Fe"], "element": {"Fe": 1}, "evidence": ["A"], "units": {"energy": "eV"}}
+
+
+class Failure(BaseException):
+    """No error of the usual kind, so that nothing may catch it in passing."""
+
+
+class Mapping(collections.abc.Mapping):
+    """A mapping of no built-in type."""
+
+    def __getitem__(self, key):
+        return CONTENT[key]
+
+    def __iter__(self):
+        return iter(CONTENT)
+
+    def __len__(self):
+        return len(CONTENT)
+
+
+METHODS = {
+    dict: "get __contains__ items keys __len__ __bool__ __getitem__ __iter__ __str__ __repr__",
+    Mapping: "get __contains__ items __len__ __bool__ __getitem__ __iter__ __str__",
+    list: "__iter__ __len__ __bool__ __contains__ __str__ __repr__ __getitem__",
+    set: "__iter__ __len__ __contains__ union issubset",
+    str: "lower upper strip isalpha endswith __str__ __len__ __bool__ __eq__ __hash__ __iter__",
+    object: "__iter__ __len__ __bool__ __contains__ __str__ __float__ __eq__ __hash__ __call__ get "
+    "items union",
+}
+# What a failing method may raise: from everywhere, and where the host calls it by its name.
+ERRORS = [Failure, KeyboardInterrupt, MemoryError, RecursionError]
+ERRORS_BY_NAME = [KeyError, IndexError, StopIteration, AttributeError, TypeError]
+ANSWERS = {
+    "__bool__": [True, None],
+    "__len__": [1, 2**62, -1],
+    "__hash__": [1, "Fe"],
+    "__float__": [0.5, "1"],
+    "__eq__": [True, NotImplemented, "Fe"],
+    "__iter__": [iter(["Fe"]), ["Fe"]],
+    "items": [[("Fe", 1)], [(1, 2, 3)], [5], None],
+}
+OTHER_ANSWERS = ["Fe", "\ud800\0", ["O"], None, -1, {"species": "Ni"}]
+
+
+def with_method(kind, method, body):
+    content = {dict: [copy.deepcopy(CONTENT)], list: [["Fe"]], set: [["Fe"]], str: ["Fe2O3"]}
+    return type("Hostile", (kind,), {method: body})(*content.get(kind, []))
+
+
+def rows():
+    return [(kind, method) for kind, methods in METHODS.items() for method in methods.split()]
+
+
+def failing(raised):
+    """Values of which one method fails with an error that it appends to `raised`."""
+    for kind, method in rows():
+        by_name = kind is not Mapping and method in ("get", "items", "lower", "strip", "__str__")
+        for error in ERRORS + ERRORS_BY_NAME * by_name:
+
+            def fail(self, *args, error=error, **kwargs):
+                raised.append(error())
+                raise raised[-1]
+
+            yield with_method(kind, method, fail)
+
+
+def answering(act):
+    """Values of which one method calls `act`, then gives one odd answer or another."""
+    for kind, method in rows():
+        for answer in [*ANSWERS.get(method, []), *OTHER_ANSWERS]:
+
+            def body(self, *args, answer=answer, **kwargs):
+                act()
+                return self if answer == -1 else answer
+
+            yield with_method(kind, method, body)

@@ -1,0 +1,180 @@
+"""No value crashes the process. Its error arrives unchanged, and the next call is right."""
+
+import functools
+import gc
+import itertools
+import os
+import sys
+import threading
+
+import pytest
+from reliability import calls, copies, hostile
+
+# What a value of the wrong kind, one that changed while it was read, or one that claims an immense
+# length may end in.
+REFUSALS = (AttributeError, LookupError, TypeError, ValueError, RuntimeError, MemoryError)
+KEYS = "species formula element atom xyz domain latvec units energy purpose notes confidence \
+evidence correlation magnetism complexity_hint structure_description"
+EXPECTED = {name: calls.result(copies.fresh(), name) for name in calls.FUNCTIONS}
+
+
+def check_next_call(module, names=calls.FUNCTIONS):
+    assert {name: calls.result(module, name) for name in names} == {n: EXPECTED[n] for n in names}
+
+
+def attempt(module, name, arguments, raised=()):
+    """Makes a call that may fail, with the first error that its value raised or else a refusal."""
+    caught = None
+    try:
+        calls.call(module, name, arguments)
+    except BaseException as error:
+        caught = error
+    if raised:
+        assert caught is raised[0], f"{caught!r} in place of {raised[0]!r}"
+        assert caught.__context__ is None
+    else:
+        assert caught is None or isinstance(caught, REFUSALS), repr(caught)
+
+
+def calls_with(value):
+    """(function, arguments) with the value in every place of every function's arguments."""
+    further_in = {"a": {"element": value}, "species": [value], "units": {"energy": value}}
+    places = [value, ["Ni", value, value], dict.fromkeys(KEYS.split(), value), further_in]
+    for name, make in calls.FUNCTIONS.items():
+        for parameter, place in itertools.product(make(), places):
+            yield name, make() | {parameter: place}
+
+
+def test_error_of_a_value_arrives_unchanged():
+    module, raised, reached = copies.fresh(), [], 0
+    for value in hostile.failing(raised):
+        for name, arguments in calls_with(value):
+            raised.clear()
+            attempt(module, name, arguments, raised)
+            reached += bool(raised)
+    assert reached > 2000
+    check_next_call(module)
+
+
+def test_error_of_a_rebound_name_arrives_unchanged():
+    module, raised = copies.fresh(), []
+    own = {name: value for name, value in vars(module).items() if not name.startswith("__")}
+    for value, name in itertools.product(hostile.failing(raised), own):
+        setattr(module, name, value)
+        for function in {"characterize_material", "_species_from_text", "_magnetic_class"} - {name}:
+            raised.clear()
+            attempt(module, function, calls.FUNCTIONS[function](), raised)
+        setattr(module, name, own[name])
+    check_next_call(module)
+
+
+def change_all(victims, change):
+    for victim in [v for v in victims if type(v) in (list, dict)]:
+        parts = victim.values() if type(victim) is dict else victim
+        for part in [victim, *(part for part in parts if type(part) in (list, dict))]:
+            change(part)
+
+
+def grow(victim):
+    if len(victim) < 99:
+        victim.append("Ni") if type(victim) is list else victim.update({f"k{len(victim)}": 1})
+
+
+def shrink(victim):
+    if victim:
+        victim.pop() if type(victim) is list else victim.popitem()
+
+
+def rebind(module):
+    for name, value in [*vars(module).items()]:
+        if not name.startswith("__"):
+            setattr(module, name, None if callable(value) else type(value)())
+    gc.collect()
+
+
+@pytest.mark.parametrize("deed", ["none", "grow", "shrink", "clear", "rebind", "call back"])
+def test_values_that_meddle_while_they_are_read(deed):
+    module, victims = copies.fresh(), []
+    own = dict(vars(module))
+    act = {
+        "none": lambda: None,
+        "grow": lambda: change_all(victims, grow),
+        "shrink": lambda: change_all(victims, shrink),
+        "clear": lambda: change_all(victims, lambda victim: victim.clear()),
+        "rebind": lambda: rebind(module),
+        "call back": lambda: check_next_call(module, ["characterize_material"]),
+    }[deed]
+    values = [*hostile.answering(act)]
+    for value in values if deed == "none" else values[::7]:
+        for name, arguments in calls_with(value):
+            victims[:] = arguments.values()
+            attempt(module, name, arguments)
+            vars(module).update(own)
+    check_next_call(module)
+
+
+@functools.cache
+def nested(kind):
+    value = "Fe"
+    for _ in range(30_000):
+        value = {"element": value} if kind is dict else [value]
+    return value
+
+
+@pytest.mark.parametrize("kind", [list, dict])
+def test_deep_nesting(kind):
+    module = copies.fresh()
+    for name, arguments in calls_with(nested(kind)):
+        attempt(module, name, arguments)
+    with pytest.raises(RecursionError):
+        module.characterize_material(step="", findings=[nested(kind)])
+    check_next_call(module)
+
+
+def on_usual_stack(action):
+    """What the action returns or raises on a stack of 8 MiB."""
+    outcome = []
+
+    def run():
+        try:
+            outcome.append(action())
+        except BaseException as error:
+            outcome.append(error)
+
+    sanitized = "asan" in os.environ.get("LD_PRELOAD", "")  # which makes frames much larger
+    size = threading.stack_size(2**28 if sanitized else 2**23)
+    thread = threading.Thread(target=run)
+    thread.start()
+    thread.join()
+    threading.stack_size(size)
+    return outcome[0]
+
+
+@pytest.mark.parametrize("name", calls.FUNCTIONS)
+def test_endless_calling_back(name):
+    module, endless, limit = copies.fresh(), 0, sys.getrecursionlimit()
+    sys.setrecursionlimit(10**6)  # so that the stack alone is the limit
+    rows = [row for row in hostile.rows() if row[0] in (dict, object)]
+    for (kind, method), parameter in itertools.product(rows, calls.FUNCTIONS[name]()):
+
+        def call_back(self, *args, parameter=parameter):
+            return calls.call(module, name, calls.FUNCTIONS[name]() | {parameter: self})
+
+        value = hostile.with_method(kind, method, call_back)
+        found = on_usual_stack(functools.partial(call_back, value))
+        assert not isinstance(found, SystemError)
+        endless += isinstance(found, RecursionError)
+    sys.setrecursionlimit(limit)
+    assert endless > 0
+    check_next_call(module)
+
+
+@pytest.mark.parametrize("filler", ["word ", "x", "é", "\ud800"])
+def test_fifty_megabytes_of_text(filler):
+    module = copies.fresh()
+    size = len(filler.encode(errors="surrogatepass"))
+    short, long = (f"NiO {filler * (length // size)}" for length in (100, 50 * 2**20))
+    for named in (lambda text: {"query_text": text}, lambda text: {"findings": [text]}):
+        found = module.characterize_material(step="", **named(long))
+        assert found == module.characterize_material(step="", **named(short))
+        assert found["species"] == ["Ni", "O"]
