@@ -2,6 +2,9 @@
 #   make run [QUERY="..."]   characterize a request
 #   make test                run all tests
 #   make lint                formatters in check mode, static checks, types
+#   make fuzz [SECONDS=300] [SEED=...]      check random requests for that long
+#   make sanitize [SECONDS=300] [SEED=...]  all tests, then random requests, under the sanitizers
+#   make endurance                          memory, threads and interpreters at length
 #   make format              reformat all sources
 #   make bench               what a call costs, as ratios; not part of the tests
 #   make package             source package and wheel in dist/, checked in a clean environment
@@ -18,10 +21,15 @@ bin := $(venv)/bin
 tools_named := .tools-named
 tools_ready := $(venv)/.tools
 module_ready := $(venv)/.module
+sanitized := build/sanitized
+sanitized_ready := $(sanitized)/.module
 cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
 py := $(shell find src -name '*.py' -o -name '*.pyi' -o -name py.typed)
+built_from := $(cpp) $(py) CMakeLists.txt pyproject.toml
+install := $(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation \
+  --no-deps --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON
 
-.PHONY: run test lint format bench package clean check-tools FORCE
+.PHONY: run test lint fuzz endurance sanitize format bench package clean check-tools FORCE
 
 run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
@@ -31,11 +39,25 @@ test: check-tools $(module_ready)
 
 lint: check-tools $(module_ready)
 	$(bin)/clang-format --dry-run --Werror $(cpp)
+	@echo $(filter %.cpp,$(cpp)) | xargs -n 4 -P 2 $(bin)/clang-tidy --quiet -p build/cp*
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
 	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py \
 	  src/tavik_agent/characterize benchmarks examples scripts
 	$(bin)/stubtest tavik_agent.material_characterization
+
+fuzz: check-tools $(module_ready)
+	@PYTHONPATH=tests $(bin)/python -m reliability.fuzz $(or $(SECONDS),300) $(SEED)
+
+endurance: check-tools $(module_ready)
+	@PYTHONPATH=tests $(bin)/python -m reliability.endurance
+
+# Left out are two tests of memory, which in this build is not the allocator's of every day.
+sanitize: check-tools $(sanitized_ready)
+	@scripts/sanitized.sh "$(CXX)" $(sanitized) $(bin)/python -m pytest \
+	  -k "not nothing_grows and not failing_new"
+	@scripts/sanitized.sh "$(CXX)" $(sanitized) \
+	  $(bin)/python -m reliability.fuzz $(or $(SECONDS),300) $(SEED)
 
 format: check-tools $(tools_ready)
 	$(bin)/clang-format -i $(cpp)
@@ -66,8 +88,15 @@ $(tools_ready): requirements.txt $(tools_named)
 	@$(bin)/python -m pip install --quiet --disable-pip-version-check -r requirements.txt
 	@touch $@
 
-$(module_ready): $(tools_ready) $(cpp) $(py) CMakeLists.txt pyproject.toml
+$(module_ready): $(tools_ready) $(built_from)
 	@echo "building the module ..." >&2
-	@$(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation --no-deps \
-	  --force-reinstall --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON .
+	@$(install) --force-reinstall .
+	@touch $@
+
+$(sanitized_ready): $(tools_ready) $(built_from)
+	@echo "building the module with sanitizers ..." >&2
+	@rm -rf $(sanitized)/site
+	@$(install) --target $(sanitized)/site --config-settings=build-dir=$(sanitized)/build \
+	  --config-settings=cmake.build-type=RelWithDebInfo \
+	  --config-settings=cmake.define.TAVIK_SANITIZE=ON .
 	@touch $@
