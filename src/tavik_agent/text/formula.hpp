@@ -22,8 +22,9 @@ constexpr bool is_symbol(std::string_view text) {
 
 /// A number below symbol_numbers for whatever has the shape of a symbol.
 constexpr std::size_t symbol_number(std::string_view symbol) {
-  const auto second = symbol.size() == 1 ? 0 : symbol[1] - 'a' + 1;
-  return static_cast<std::size_t>((symbol[0] - 'A') * 27 + second);
+  const auto first = static_cast<std::size_t>(symbol[0] - 'A');
+  const auto second = symbol.size() == 1 ? 0 : static_cast<std::size_t>(symbol[1] - 'a' + 1);
+  return first * 27 + second;
 }
 inline constexpr std::size_t symbol_numbers = symbol_number("Zz") + 1;
 
