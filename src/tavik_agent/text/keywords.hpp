@@ -42,23 +42,20 @@ enum class Group : std::uint8_t {
   noncollinear,
 };
 
-/// Decides whether the occurrence [begin, end) of a keyword counts.
-using Acceptance = bool (*)(std::string_view text, std::size_t begin, std::size_t end,
-                            const CharacterTables& tables);
+/// Which occurrences of a keyword count.
+enum class Accepted : std::uint8_t {
+  anywhere,      ///< inside words too
+  whole_word,    ///< \bkeyword\b
+  before_volts,  ///< \bkeyword[-\s]?volts?\b
+  before_units,  ///< \bkeyword\s+units?\b
+};
+using enum Accepted;
 
-/// The occurrence stands between word boundaries: \bkeyword\b.
-bool whole_word(std::string_view, std::size_t, std::size_t, const CharacterTables&);
-/// After the occurrence: \bkeyword[-\s]?volts?\b.
-bool before_volts(std::string_view, std::size_t, std::size_t, const CharacterTables&);
-/// After the occurrence: \bkeyword\s+units?\b.
-bool before_units(std::string_view, std::size_t, std::size_t, const CharacterTables&);
-
-/// A keyword is ASCII, lower case and sought in lowered text. Without an acceptance test it
-/// counts wherever it occurs, inside words too.
+/// A keyword is ASCII, lower case and sought in lowered text.
 struct Keyword {
   Group group;
   std::string_view text;
-  Acceptance accepts = nullptr;
+  Accepted accepted = anywhere;
 };
 
 // clang-format off
