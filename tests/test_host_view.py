@@ -187,13 +187,6 @@ FAILING_INPUTS = [
 ]
 
 
-@pytest.mark.parametrize("inputs", FAILING_INPUTS, ids=lambda inputs: "-".join(inputs))
-def test_error_of_a_value_is_not_touched(inputs):
-    with pytest.raises(Failure) as caught:
-        mc.characterize_material(**({"step": "a"} | inputs))
-    assert caught.value is FAILURE
-
-
 def test_no_reference_is_lost_or_kept():
     inputs = {"step": "".join(["st", "ep"]), **copy.deepcopy(INPUTS)}
 

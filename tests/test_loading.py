@@ -125,20 +125,6 @@ def test_copies_of_the_module_are_independent():
     """)
 
 
-def test_sub_interpreters():
-    pytest.importorskip("_interpreters")
-    run(f"""
-    import _interpreters
-    check_works()
-    load()._species_from_text = None  # seen by nobody else
-    for _ in range(3):
-        other = _interpreters.create()  # with a lock of its own
-        failure = _interpreters.run_string(other, {COMPANIONS + "check_works()"!r})
-        assert failure is None, failure
-        _interpreters.destroy(other)
-    """)
-
-
 def test_module_that_was_not_executed_refuses_calls():
     run("""
     import importlib.util
