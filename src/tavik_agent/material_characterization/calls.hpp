@@ -38,6 +38,7 @@ auto& plain(Argument& argument) {
 
 inline PyObject* object(const host::Value& argument) { return argument.get(); }
 inline PyObject* object(const host::Text& argument) { return argument.value().get(); }
+inline PyObject* object(const Verdict& argument) { return argument.value().get(); }
 
 template <class Argument>
 const char* name(Argument& argument) {
@@ -54,16 +55,29 @@ inline host::Value host_value(const Module& module, Label label) {
   return module.label(label).another();
 }
 inline host::Value host_value(const Module&, host::Value value) { return value; }
+inline host::Value host_value(const Module&, const Verdict& verdict) {
+  return verdict.value().another();
+}
 
-/// Calls what `name` is bound to: Function, unless it was replaced.
+namespace calls {
+
+inline Verdict answer(const Module& module, Label label) { return {label, module.label(label)}; }
+inline Verdict answer(const Module&, Verdict verdict) { return verdict; }
+inline host::Value answer(const Module&, host::Value value) { return value; }
+
+}  // namespace calls
+
+/// Calls what `name` is bound to: Function, unless it was replaced. A classifier's answer is a
+/// Verdict, any other function's a host value.
 template <auto Function, class... Arguments>
-host::Value invoke(const Module& module, Global name, Arguments&&... arguments) {
+auto invoke(const Module& module, Global name, Arguments&&... arguments) {
+  using Answer = decltype(calls::answer(module, Function(module, calls::plain(arguments)...)));
   const host::Value current = module.look_up(name);
   if (module.is_own(name, current)) {
-    return host_value(module, Function(module, calls::plain(arguments)...));
+    return calls::answer(module, Function(module, calls::plain(arguments)...));
   }
-  return host::call_with_keywords(current, {calls::object(calls::plain(arguments))...},
-                                  {calls::name(arguments)...});
+  return Answer(host::call_with_keywords(current, {calls::object(calls::plain(arguments))...},
+                                         {calls::name(arguments)...}));
 }
 
 }  // namespace tavik::characterization

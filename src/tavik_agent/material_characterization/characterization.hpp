@@ -39,16 +39,16 @@ struct Characterization : Inputs {
   Value intent_formula;
   Value formula_hint;
 
-  Value structure_mode;
-  Value structure_archetype;
-  Value electronic_class;
+  Verdict structure_mode;
+  Verdict structure_archetype;
+  Verdict electronic_class;
   Value intent_correlation;
   Value intent_magnetism;
   Value intent_complexity;
   Value intent_units;
-  Value correlation_class;
-  Value magnetic_class;
-  Value material_family;
+  Verdict correlation_class;
+  Verdict magnetic_class;
+  Verdict material_family;
 
   Value requested_energy_unit;
   Value explicit_spin_mode;

@@ -8,7 +8,7 @@
 namespace tavik::characterization {
 namespace {
 
-void report_decision(Characterization& call, Decision decision, const Value& label,
+void report_decision(Characterization& call, Decision decision, const Verdict& label,
                      Label no_decision = Label::unknown) {
   if (!is(label, no_decision)) call.report(call.module.message_about(decision, label));
 }

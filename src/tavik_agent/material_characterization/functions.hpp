@@ -31,27 +31,27 @@ Value _formula_hint(const Module&, Text& text, const Value& species);
 
 Label _structure_mode(const Module&, const Value& step_params, Text& combined_text);
 
-Label _structure_archetype(const Module&, const Value& structure_mode, Text& combined_text,
+Label _structure_archetype(const Module&, const Verdict& structure_mode, Text& combined_text,
                            Text& query_text, const Value& query_intent);
 
 Label classify_system_class(const Module&, const Value& species, const Value& formula_hint,
-                            Text& explicit_text, const Value& structure_archetype);
+                            Text& explicit_text, const Verdict& structure_archetype);
 
 /// classify_system_class under the name that the driver calls; its result as it came.
-Value _electronic_class(const Module&, const Value& species, const Value& formula_hint,
-                        Text& explicit_text, const Value& structure_archetype);
+Verdict _electronic_class(const Module&, const Value& species, const Value& formula_hint,
+                          Text& explicit_text, const Verdict& structure_archetype);
 
 Label _correlation_class(const Module&, const Value& species, const Value& formula_hint,
                          Text& combined_text, const Value& intent_correlation,
                          const Value& intent_complexity);
 
 Label _magnetic_class(const Module&, const Value& species, const Value& formula_hint,
-                      Text& combined_text, const Value& correlation_class,
+                      Text& combined_text, const Verdict& correlation_class,
                       const Value& intent_magnetism, const Value& intent_complexity);
 
-Label _material_family(const Module&, const Value& species, const Value& structure_mode,
-                       const Value& electronic_class, const Value& formula_hint,
-                       const Value& structure_archetype);
+Label _material_family(const Module&, const Value& species, const Verdict& structure_mode,
+                       const Verdict& electronic_class, const Value& formula_hint,
+                       const Verdict& structure_archetype);
 
 /// The characterization record of one planning step.
 Value characterize_material(const Module&, const Value& step, const Value& step_params,

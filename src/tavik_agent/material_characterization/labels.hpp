@@ -1,6 +1,8 @@
 // The class labels, one group a classifier. A label that two classifiers use stands in the first.
 #pragma once
 
+#include <optional>
+
 #include "host/objects.hpp"
 #include "host/vocabulary.hpp"
 
@@ -44,9 +46,26 @@ TAVIK_VOCABULARY(Decision, TAVIK_DECISIONS)
 
 constexpr std::string_view text_of(Label label) { return host::Indexed<Label>::text(label); }
 
-/// value == label
-inline bool is(const host::Value& value, Label label) {
-  return host::equals(value, text_of(label));
+/// What a classifier answered. The module's own labels are told apart by their numbers, not by
+/// their letters; whatever a function in a classifier's place returned is compared by the host.
+class Verdict {
+ public:
+  Verdict() = default;
+  explicit Verdict(host::Value value) : value_(std::move(value)) {}
+  Verdict(Label label, const host::Value& string) : value_(string.another()), own_(label) {}
+
+  const host::Value& value() const { return value_; }
+  /// The number of one of the module's own labels.
+  std::optional<Label> own() const { return own_; }
+
+ private:
+  host::Value value_;
+  std::optional<Label> own_;
+};
+
+/// verdict == label
+inline bool is(const Verdict& verdict, Label label) {
+  return verdict.own() ? *verdict.own() == label : host::equals(verdict.value(), text_of(label));
 }
 
 }  // namespace tavik::characterization

@@ -52,7 +52,7 @@ bool asks_for_collinear_cell(Text& text) {
 }  // namespace
 
 Label _magnetic_class(const Module& module, const Value& species, const Value& formula_hint,
-                      Text& combined_text, const Value& correlation_class,
+                      Text& combined_text, const Verdict& correlation_class,
                       const Value& intent_magnetism, const Value& intent_complexity) {
   const auto is_nio = [&] { return host::equals(formula_hint, "NiO"); };
   const auto is_oxide = [&] { return is_transition_metal_oxide(module, species); };

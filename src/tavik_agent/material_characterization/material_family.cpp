@@ -1,4 +1,7 @@
 // The broad family of a material, from the labels reached before it.
+#include <algorithm>
+#include <array>
+
 #include "host/strings.hpp"
 #include "material_characterization/functions.hpp"
 #include "material_characterization/reference.hpp"
@@ -7,19 +10,22 @@ namespace tavik::characterization {
 namespace {
 
 /// A layered parent counts: it is meant to be exfoliated.
-bool is_two_dimensional(const Value& structure_archetype) {
-  return host::equals_any(
-      structure_archetype,
-      {text_of(Label::graphene_2d), text_of(Label::hbn_2d), text_of(Label::tmd_2d),
-       text_of(Label::phosphorene_2d), text_of(Label::mxene_2d), text_of(Label::two_dimensional),
-       text_of(Label::layered_parent_exfoliation)});
+bool is_two_dimensional(const Verdict& structure_archetype) {
+  constexpr std::array labels{Label::graphene_2d,
+                              Label::hbn_2d,
+                              Label::tmd_2d,
+                              Label::phosphorene_2d,
+                              Label::mxene_2d,
+                              Label::two_dimensional,
+                              Label::layered_parent_exfoliation};
+  return std::ranges::any_of(labels, [&](Label label) { return is(structure_archetype, label); });
 }
 
 }  // namespace
 
-Label _material_family(const Module& module, const Value& species, const Value& structure_mode,
-                       const Value& electronic_class, const Value& formula_hint,
-                       const Value& structure_archetype) {
+Label _material_family(const Module& module, const Value& species, const Verdict& structure_mode,
+                       const Verdict& electronic_class, const Value& formula_hint,
+                       const Verdict& structure_archetype) {
   if (is_two_dimensional(structure_archetype)) return Label::two_dimensional;
   if (is(structure_mode, Label::molecule_or_cluster)) return Label::molecule;
   if (is_in(module, Global::SEMICONDUCTOR_FORMULAS, formula_hint) ||

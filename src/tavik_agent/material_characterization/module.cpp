@@ -44,12 +44,9 @@ Value Module::look_up_in_namespace(Global name) const {
   return current;
 }
 
-Value Module::message_about(Decision decision, const Value& label) const {
-  for (const Label own : host::all_words<Label>()) {
-    if (label.is_same(labels_[own]))
-      return messages_[static_cast<std::size_t>(decision)][own].another();
-  }
-  return host::message(host::Indexed<Decision>::text(decision), label);
+Value Module::message_about(Decision decision, const Verdict& label) const {
+  return label.own() ? messages_[static_cast<std::size_t>(decision)][*label.own()].another()
+                     : host::message(host::Indexed<Decision>::text(decision), label.value());
 }
 
 bool Module::is_mapping(const Value& value) const { return host::is_mapping(value, mapping_type_); }

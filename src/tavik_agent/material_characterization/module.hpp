@@ -48,7 +48,7 @@ class Module {
   const host::Value& usual(RecordKey key) const { return record_.usual(key); }
   /// The evidence for a decision. Messages about the module's own labels are made when it is
   /// loaded: a call reports up to six, and making one takes as long as eight look-ups.
-  host::Value message_about(Decision decision, const host::Value& label) const;
+  host::Value message_about(Decision decision, const Verdict& label) const;
 
   /// mapping.get(key)
   host::Value read(const host::Value& mapping, InputKey key) const {

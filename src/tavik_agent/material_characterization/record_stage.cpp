@@ -17,7 +17,10 @@ constexpr std::array other_keys_always_present{RecordKey::species, RecordKey::fo
                                                RecordKey::requested_energy_unit,
                                                RecordKey::explicit_spin_mode};
 
-bool is_decided(const Value& label) { return !is(label, Label::unknown); }
+const Value& host_object(const Value& value) { return value; }
+const Value& host_object(const Verdict& verdict) { return verdict.value(); }
+
+bool is_decided(const Verdict& label) { return !is(label, Label::unknown); }
 
 /// To two decimal places. Sums of the increments lie within rounding residue of a multiple of 0.05,
 /// never near the middle of two hundredths, so this gives the host's own rounding.
@@ -74,7 +77,8 @@ Value assemble_record(Characterization& call) {
   call.intent_driven = host::boolean(is_intent_driven(call));
   call.evidence = host::new_list(call.messages);
   Value record = call.module.new_record();
-  const auto put = [&](RecordKey key, const Value& value) {
+  const auto put = [&](RecordKey key, const auto& working_value) {
+    const Value& value = host_object(working_value);
     if (!value.is_same(call.module.usual(key))) host::set(record, call.module.key(key), value);
   };
   // Each key bears the name of the working value that it stores.

@@ -59,7 +59,7 @@ Label _structure_mode(const Module& module, const Value& step_params, Text& comb
   return combined_text.mentions(Group::periodic_cell) ? Label::periodic_bulk : Label::unknown;
 }
 
-Label _structure_archetype(const Module& module, const Value& structure_mode, Text& combined_text,
+Label _structure_archetype(const Module& module, const Verdict& structure_mode, Text& combined_text,
                            Text& query_text, const Value& query_intent) {
   const text::Mentions words =
       authoritative_mentions(module, combined_text, query_text, query_intent);

@@ -30,7 +30,7 @@ bool holds_one_distinct(const host::Values& symbols) {
 
 Label classify_system_class(const Module& module, const Value& given_species,
                             const Value& formula_hint, Text& explicit_text,
-                            const Value& structure_archetype) {
+                            const Verdict& structure_archetype) {
   const host::Values species = normalised(given_species);
   host::WrittenForm text(explicit_text);
   const Value simple_fm = species_from(module, Global::phase1_simple_ferromagnet_species);
@@ -64,8 +64,8 @@ Label classify_system_class(const Module& module, const Value& given_species,
   return Label::unknown;
 }
 
-Value _electronic_class(const Module& module, const Value& species, const Value& formula_hint,
-                        Text& explicit_text, const Value& structure_archetype) {
+Verdict _electronic_class(const Module& module, const Value& species, const Value& formula_hint,
+                          Text& explicit_text, const Verdict& structure_archetype) {
   return invoke<classify_system_class>(
       module, Global::classify_system_class, species, keyword("formula_hint", formula_hint),
       keyword("explicit_text", explicit_text), keyword("structure_archetype", structure_archetype));
