@@ -2,33 +2,30 @@
 // of the time of making a dict for them, so a dict is made only for more items, or for other ones.
 #include "host/ordered_set.hpp"
 
-#include "host/objects.hpp"
+#include <algorithm>
 
 namespace tavik::host {
 namespace {
 
-constexpr Py_ssize_t few = 8;
+constexpr std::size_t few = 8;
 
 }  // namespace
 
 bool OrderedSet::is_listed(const Value& string) const {
-  for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list_.get()); ++i) {
-    PyObject* const item = PyList_GET_ITEM(list_.get(), i);
-    if (item == string.get() || PyUnicode_Compare(item, string.get()) == 0) return true;
-  }
-  return false;
+  return std::ranges::any_of(few_strings_, [&](const Value& listed) {
+    return listed.is_same(string) || PyUnicode_Compare(listed.get(), string.get()) == 0;
+  });
 }
 
 void OrderedSet::start_hashing() {
   seen_ = new_dict();
-  Iterator items(list_);
-  while (const Value item = items.next()) set(seen_, item, Value::null());
+  for (const Value& item : few_strings_) set(seen_, item, Value::null());
 }
 
-void OrderedSet::add(const Value& item) {
-  if (holds_few_strings()) {
-    if (is_exact_string(item) && PyList_GET_SIZE(list_.get()) < few) {
-      if (!is_listed(item)) append(list_, item);
+void OrderedSet::add(Value item) {
+  if (!seen_) {
+    if (is_exact_string(item) && few_strings_.size() < few) {
+      if (!is_listed(item)) few_strings_.push_back(std::move(item));
       return;
     }
     start_hashing();
@@ -38,15 +35,21 @@ void OrderedSet::add(const Value& item) {
 
 void OrderedSet::add_all(const Value& iterable) {
   Iterator items(iterable);
-  while (const Value item = items.next()) add(item);
+  while (Value item = items.next()) add(std::move(item));
 }
 
 void OrderedSet::add_all(const Values& values) {
-  for (const Value& value : values) add(value);
+  for (const Value& value : values) add(value.another());
 }
 
-Value OrderedSet::take_list() {
-  return holds_few_strings() ? std::move(list_) : Value::steal(PyDict_Keys(seen_.get()));
+Values OrderedSet::take() {
+  if (!seen_) return std::move(few_strings_);
+  Values keys;
+  all_keys(seen_, [&](const Value& key) {
+    keys.push_back(key.another());
+    return true;
+  });
+  return keys;
 }
 
 }  // namespace tavik::host

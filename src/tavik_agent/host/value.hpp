@@ -6,7 +6,8 @@
 #include <Python.h>
 
 #include <utility>
-#include <vector>
+
+#include "text/short_list.hpp"
 
 namespace tavik::host {
 
@@ -48,7 +49,7 @@ class Value {
   PyObject* object_ = nullptr;
 };
 
-using Values = std::vector<Value>;
+using Values = text::ShortList<Value>;
 
 /// Passes on the status of a host call that answers with a number, -1 for failure.
 template <class Status>

@@ -61,10 +61,7 @@ struct Characterization : Inputs {
   void report(std::string_view prefix, const Value& value, std::string_view suffix = "") {
     report(host::message(prefix, value, suffix));
   }
-  void report(Value message) {
-    if (messages.empty()) messages.reserve(8);  // as many as a typical call has
-    messages.push_back(std::move(message));
-  }
+  void report(Value message) { messages.push_back(std::move(message)); }
 };
 
 // The stages, in their order.

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "host/objects.hpp"
 #include "host/strings.hpp"
@@ -23,7 +22,7 @@ bool is_known_symbol(const Module& module, std::string_view symbol) {
 }
 
 /// The parts of a formula; none when it is malformed or names an unknown symbol.
-std::vector<text::FormulaPart> accepted_parts(const Module& module, std::string_view text) {
+text::FormulaParts accepted_parts(const Module& module, std::string_view text) {
   auto parts = text::split_formula(text, host::character_tables());
   for (const auto& part : parts) {
     if (!is_known_symbol(module, part.symbol)) return {};

@@ -26,23 +26,23 @@ Value written_formula(const Module& module, Text& text) {
   return formula;
 }
 
-Value unique_texts(const Value& species) {
+host::Values unique_texts(const Value& species) {
   host::OrderedSet unique;
   host::Iterator entries(species);
   while (const Value entry = entries.next()) {
-    const Value text = host::strip(host::text_form(entry));
-    if (!host::is_empty(text)) unique.add(text);
+    Value text = host::strip(host::text_form(entry));
+    if (!host::is_empty(text)) unique.add(std::move(text));
   }
-  return unique.take_list();
+  return unique.take();
 }
 
 /// One element alone, or the binary oxide of one element.
 Value formula_from_species(const Value& species) {
-  host::Iterator entries(unique_texts(species));
-  const Value first = entries.next();
-  const Value second = first ? entries.next() : Value();
-  if (!first || entries.next()) return host::string("");
-  if (!second) return first.another();
+  const host::Values unique = unique_texts(species);
+  if (unique.size() == 1) return unique.front().another();
+  if (unique.size() != 2) return host::string("");
+  const Value& first = unique[0];
+  const Value& second = unique[1];
   if (host::equals(first, "O")) return host::message("", second, "O");
   if (host::equals(second, "O")) return host::message("", first, "O");
   return host::string("");
@@ -59,7 +59,7 @@ Value _species_from_text(const Module& module, Text& given) {
     return true;
   };
   const auto add_species = [&](const Value& species) {
-    found.add(species);
+    found.add(species.another());
     return true;
   };
   module.for_each_phrase(Global::FORMULA_ALIASES, *text, add_symbols);

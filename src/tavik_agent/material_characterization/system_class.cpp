@@ -23,7 +23,7 @@ bool holds_one_distinct(const host::Values& symbols) {
   if (symbols.size() < 2) return symbols.size() == 1;
   host::OrderedSet distinct;
   distinct.add_all(symbols);
-  return host::length(distinct.take_list()) == 1;
+  return distinct.take().size() == 1;
 }
 
 }  // namespace

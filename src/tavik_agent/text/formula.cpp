@@ -56,8 +56,8 @@ bool starts_word(std::string_view text, std::size_t at, const CharacterTables& t
 
 }  // namespace
 
-std::vector<FormulaPart> split_formula(std::string_view text, const CharacterTables& tables) {
-  std::vector<FormulaPart> parts;
+FormulaParts split_formula(std::string_view text, const CharacterTables& tables) {
+  FormulaParts parts;
   for (std::size_t at = 0; at < text.size();) {
     const auto part = read_part(text, at, tables);
     if (!part) return {};

@@ -8,9 +8,9 @@
 #include <bitset>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "text/characters.hpp"
+#include "text/short_list.hpp"
 
 namespace tavik::text {
 
@@ -36,8 +36,10 @@ struct FormulaPart {
   std::string_view count;  ///< decimal digits, possibly none
 };
 
+using FormulaParts = ShortList<FormulaPart>;
+
 /// The parts of `text`, or none when it is anything but a run of parts from end to end.
-std::vector<FormulaPart> split_formula(std::string_view text, const CharacterTables& tables);
+FormulaParts split_formula(std::string_view text, const CharacterTables& tables);
 
 /// Gives the formula tokens of a text, from left to right. Each character is read once or twice,
 /// what lies before the next capital by 64 at a time.
