@@ -37,8 +37,11 @@ auto& plain(Argument& argument) {
 }
 
 inline PyObject* object(const host::Value& argument) { return argument.get(); }
-inline PyObject* object(const host::Text& argument) { return argument.value().get(); }
-inline PyObject* object(const Verdict& argument) { return argument.value().get(); }
+/// Of a Text, a Verdict or a FormulaHint.
+template <class Argument>
+PyObject* object(const Argument& argument) {
+  return argument.value().get();
+}
 
 template <class Argument>
 const char* name(Argument& argument) {

@@ -37,7 +37,7 @@ struct Characterization : Inputs {
   Value species;
 
   Value intent_formula;
-  Value formula_hint;
+  FormulaHint formula_hint;
 
   Verdict structure_mode;
   Verdict structure_archetype;

@@ -16,17 +16,17 @@ bool is_plain_metal(const Module& module, const Value& species) {
 
 }  // namespace
 
-Label _correlation_class(const Module& module, const Value& species, const Value& formula_hint,
-                         Text& combined_text, const Value& intent_correlation,
-                         const Value& intent_complexity) {
+Label _correlation_class(const Module& module, const Value& species,
+                         const FormulaHint& formula_hint, Text& combined_text,
+                         const Value& intent_correlation, const Value& intent_complexity) {
   if (host::equals_any(intent_correlation, {"dft+u", "hybrid"})) return Label::dftu_sensitive;
   if (host::equals(intent_correlation, "plain_dft")) return Label::plain_dft;
   if (is_simple_request(intent_complexity)) return Label::plain_dft;
   if (combined_text.mentions(text::Group::dft_plus_u)) return Label::dftu_sensitive;
-  if (is_in(module, Global::DFTU_SENSITIVE_FORMULAS, formula_hint)) return Label::dftu_sensitive;
+  if (formula_hint.is_in(module, Global::DFTU_SENSITIVE_FORMULAS)) return Label::dftu_sensitive;
   if (is_transition_metal_oxide(module, species)) return Label::dftu_sensitive;
   if (is_plain_metal(module, species)) return Label::plain_dft;
-  if (is_semiconductor_or_insulator(module, formula_hint)) return Label::plain_dft;
+  if (formula_hint.is_semiconductor_or_insulator(module)) return Label::plain_dft;
   return Label::unknown;
 }
 

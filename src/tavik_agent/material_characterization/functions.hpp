@@ -7,6 +7,7 @@
 
 #include "host/text.hpp"
 #include "host/value.hpp"
+#include "material_characterization/formula_hint.hpp"
 #include "material_characterization/module.hpp"
 
 namespace tavik::characterization {
@@ -34,23 +35,23 @@ Label _structure_mode(const Module&, const Value& step_params, Text& combined_te
 Label _structure_archetype(const Module&, const Verdict& structure_mode, Text& combined_text,
                            Text& query_text, const Value& query_intent);
 
-Label classify_system_class(const Module&, const Value& species, const Value& formula_hint,
+Label classify_system_class(const Module&, const Value& species, const FormulaHint& formula_hint,
                             Text& explicit_text, const Verdict& structure_archetype);
 
 /// classify_system_class under the name that the driver calls; its result as it came.
-Verdict _electronic_class(const Module&, const Value& species, const Value& formula_hint,
+Verdict _electronic_class(const Module&, const Value& species, const FormulaHint& formula_hint,
                           Text& explicit_text, const Verdict& structure_archetype);
 
-Label _correlation_class(const Module&, const Value& species, const Value& formula_hint,
+Label _correlation_class(const Module&, const Value& species, const FormulaHint& formula_hint,
                          Text& combined_text, const Value& intent_correlation,
                          const Value& intent_complexity);
 
-Label _magnetic_class(const Module&, const Value& species, const Value& formula_hint,
+Label _magnetic_class(const Module&, const Value& species, const FormulaHint& formula_hint,
                       Text& combined_text, const Verdict& correlation_class,
                       const Value& intent_magnetism, const Value& intent_complexity);
 
 Label _material_family(const Module&, const Value& species, const Verdict& structure_mode,
-                       const Verdict& electronic_class, const Value& formula_hint,
+                       const Verdict& electronic_class, const FormulaHint& formula_hint,
                        const Verdict& structure_archetype);
 
 /// The characterization record of one planning step.

@@ -51,10 +51,10 @@ bool asks_for_collinear_cell(Text& text) {
 
 }  // namespace
 
-Label _magnetic_class(const Module& module, const Value& species, const Value& formula_hint,
+Label _magnetic_class(const Module& module, const Value& species, const FormulaHint& formula_hint,
                       Text& combined_text, const Verdict& correlation_class,
                       const Value& intent_magnetism, const Value& intent_complexity) {
-  const auto is_nio = [&] { return host::equals(formula_hint, "NiO"); };
+  const auto is_nio = [&] { return host::equals(formula_hint.value(), "NiO"); };
   const auto is_oxide = [&] { return is_transition_metal_oxide(module, species); };
   const auto is_correlated_oxide = [&] {
     return is(correlation_class, Label::dftu_sensitive) && (is_nio() || is_oxide());
@@ -92,7 +92,7 @@ Label _magnetic_class(const Module& module, const Value& species, const Value& f
   }
   if (any_from(module, seeded_magnets, species) && !is_oxide()) return Label::collinear_magnetic;
   if (any_nonmagnetic_metal(module, species)) return Label::nonmagnetic;
-  if (is_semiconductor_or_insulator(module, formula_hint)) return Label::nonmagnetic;
+  if (formula_hint.is_semiconductor_or_insulator(module)) return Label::nonmagnetic;
   return Label::unknown;
 }
 

@@ -24,15 +24,15 @@ bool is_two_dimensional(const Verdict& structure_archetype) {
 }  // namespace
 
 Label _material_family(const Module& module, const Value& species, const Verdict& structure_mode,
-                       const Verdict& electronic_class, const Value& formula_hint,
+                       const Verdict& electronic_class, const FormulaHint& formula_hint,
                        const Verdict& structure_archetype) {
   if (is_two_dimensional(structure_archetype)) return Label::two_dimensional;
   if (is(structure_mode, Label::molecule_or_cluster)) return Label::molecule;
-  if (is_in(module, Global::SEMICONDUCTOR_FORMULAS, formula_hint) ||
+  if (formula_hint.is_in(module, Global::SEMICONDUCTOR_FORMULAS) ||
       is(electronic_class, Label::semiconductor)) {
     return Label::semiconductor;
   }
-  if (host::ends_with(formula_hint, 'O') || host::contains(species, host::string("O"))) {
+  if (host::ends_with(formula_hint.value(), 'O') || host::contains(species, host::string("O"))) {
     return Label::oxide;
   }
   if (host::length(species) == 1 && is(electronic_class, Label::metal)) {

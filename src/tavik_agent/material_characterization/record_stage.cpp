@@ -18,7 +18,7 @@ constexpr std::array other_keys_always_present{RecordKey::species, RecordKey::fo
                                                RecordKey::explicit_spin_mode};
 
 const Value& host_object(const Value& value) { return value; }
-const Value& host_object(const Verdict& verdict) { return verdict.value(); }
+const Value& host_object(const auto& learnt_of) { return learnt_of.value(); }
 
 bool is_decided(const Verdict& label) { return !is(label, Label::unknown); }
 
@@ -68,7 +68,7 @@ void score_confidence(Characterization& call) {
   if (is_decided(call.electronic_class)) confidence += 0.15;
   if (is_decided(call.magnetic_class)) confidence += 0.15;
   if (is_decided(call.correlation_class)) confidence += 0.1;
-  if (!host::is_empty(call.formula_hint)) confidence += 0.1;
+  if (!host::is_empty(call.formula_hint.value())) confidence += 0.1;
   call.confidence = host::real(std::fmin(rounded(confidence), 0.95));
 }
 

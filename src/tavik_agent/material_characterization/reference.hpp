@@ -17,13 +17,6 @@ inline host::Value species_from(const Module& module, Global function) {
   return host::call(module.look_up(function));
 }
 
-/// formula in SEMICONDUCTOR_FORMULAS.union(INSULATOR_FORMULAS)
-inline bool is_semiconductor_or_insulator(const Module& module, const host::Value& formula) {
-  return host::union_contains(
-      module.look_up(Global::SEMICONDUCTOR_FORMULAS),
-      [&] { return module.look_up(Global::INSULATOR_FORMULAS); }, formula);
-}
-
 /// is_transition_metal_oxide(species)
 inline bool is_transition_metal_oxide(const Module& module, const host::Value& species) {
   const host::Value predicate = module.look_up(Global::is_transition_metal_oxide);

@@ -29,7 +29,7 @@ bool holds_one_distinct(const host::Values& symbols) {
 }  // namespace
 
 Label classify_system_class(const Module& module, const Value& given_species,
-                            const Value& formula_hint, Text& explicit_text,
+                            const FormulaHint& formula_hint, Text& explicit_text,
                             const Verdict& structure_archetype) {
   const host::Values species = normalised(given_species);
   host::WrittenForm text(explicit_text);
@@ -41,9 +41,9 @@ Label classify_system_class(const Module& module, const Value& given_species,
   if (is(structure_archetype, Label::tmd_2d)) return Label::semiconductor;
   if (is(structure_archetype, Label::phosphorene_2d)) return Label::semiconductor;
   if (is(structure_archetype, Label::mxene_2d)) return Label::metal;
-  if (is_in(module, Global::SEMICONDUCTOR_FORMULAS, formula_hint)) return Label::semiconductor;
-  if (is_in(module, Global::INSULATOR_FORMULAS, formula_hint)) return Label::insulator;
-  if (is_in(module, Global::DFTU_SENSITIVE_FORMULAS, formula_hint)) return Label::insulator;
+  if (formula_hint.is_in(module, Global::SEMICONDUCTOR_FORMULAS)) return Label::semiconductor;
+  if (formula_hint.is_in(module, Global::INSULATOR_FORMULAS)) return Label::insulator;
+  if (formula_hint.is_in(module, Global::DFTU_SENSITIVE_FORMULAS)) return Label::insulator;
   if (text->mentions(text::Group::metallic)) return Label::metal;
 
   if (holds_one_distinct(species) &&
@@ -58,14 +58,16 @@ Label classify_system_class(const Module& module, const Value& given_species,
     if (host::contains(magnetic_seed_species, only)) return Label::metal;
   }
   // For tables that do not list the three best known semiconductors.
-  if (!host::is_empty(formula_hint) && host::equals_any(formula_hint, {"GaAs", "Si", "Ge"})) {
+  if (!host::is_empty(formula_hint.value()) &&
+      host::equals_any(formula_hint.value(), {"GaAs", "Si", "Ge"})) {
     return Label::semiconductor;
   }
   return Label::unknown;
 }
 
-Verdict _electronic_class(const Module& module, const Value& species, const Value& formula_hint,
-                          Text& explicit_text, const Verdict& structure_archetype) {
+Verdict _electronic_class(const Module& module, const Value& species,
+                          const FormulaHint& formula_hint, Text& explicit_text,
+                          const Verdict& structure_archetype) {
   return invoke<classify_system_class>(
       module, Global::classify_system_class, species, keyword("formula_hint", formula_hint),
       keyword("explicit_text", explicit_text), keyword("structure_archetype", structure_archetype));
