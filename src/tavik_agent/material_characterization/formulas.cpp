@@ -4,7 +4,6 @@
 #include "material_characterization/formulas.hpp"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 
 #include "host/objects.hpp"
@@ -48,15 +47,28 @@ bool is_acronym(const Module& module, std::string_view token) {
   return host::contains(module.look_up(Global::non_formula_tokens), host::string(upper));
 }
 
-/// The symbols of a token as the module itself reads it, none when it is no formula; nothing when
-/// anything was replaced that may judge it.
-std::optional<text::SymbolSet> own_reading(const Module& module, std::string_view token) {
-  if (!module.is_untouched() || module.own_element_symbols() == nullptr) return std::nullopt;
-  text::SymbolSet symbols;
-  for (const auto& part : accepted_parts(module, token)) {
-    symbols.set(text::symbol_number(part.symbol));
-  }
-  return symbols;
+/// The symbols by which the module itself can tell what is a formula; none when anything was
+/// replaced that may judge it.
+const ElementSymbols* judging_symbols(const Module& module) {
+  return module.is_untouched() ? module.own_element_symbols() : nullptr;
+}
+
+/// Whether a token is a formula with a symbol that was not seen before.
+bool brings_a_symbol(const ElementSymbols& known, const text::SymbolSet& seen,
+                     std::string_view token) {
+  bool is_new = false;
+  const auto take = [&](const text::FormulaPart& part) {
+    is_new |= !seen[text::symbol_number(part.symbol)];
+    return known.contains(part.symbol);
+  };
+  return text::all_parts(token, host::character_tables(), take) && is_new;
+}
+
+void note_symbols(text::SymbolSet& seen, std::string_view token) {
+  text::all_parts(token, host::character_tables(), [&](const text::FormulaPart& part) {
+    seen.set(text::symbol_number(part.symbol));
+    return true;
+  });
 }
 
 }  // namespace
@@ -75,11 +87,11 @@ void for_each_candidate(const Module& module, Text& text,
   text::SymbolSet seen;
   text::FormulaTokens tokens(text.utf8(), host::character_tables());
   while (const auto token = tokens.next()) {
-    const auto symbols = own_reading(module, *token);
-    if (symbols && (*symbols & ~seen).none()) continue;
+    const ElementSymbols* const known = judging_symbols(module);
+    if (known != nullptr && !brings_a_symbol(*known, seen, *token)) continue;
     if (is_acronym(module, *token)) continue;
     if (!visit(host::string(*token))) return;
-    if (symbols) seen |= *symbols;
+    if (known != nullptr) note_symbols(seen, *token);
   }
 }
 

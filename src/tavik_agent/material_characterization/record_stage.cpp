@@ -18,6 +18,7 @@ constexpr std::array other_keys_always_present{RecordKey::species, RecordKey::fo
                                                RecordKey::explicit_spin_mode};
 
 const Value& host_object(const Value& value) { return value; }
+const Value& host_object(Value&& value) = delete;  // it would not outlive the call
 const Value& host_object(const auto& learnt_of) { return learnt_of.value(); }
 
 bool is_decided(const Verdict& label) { return !is(label, Label::unknown); }

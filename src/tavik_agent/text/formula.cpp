@@ -29,17 +29,6 @@ std::size_t after_digits(std::string_view text, std::size_t at, const CharacterT
   return at;
 }
 
-/// Reads the part at byte `at` and moves `at` behind it; nothing when no capital stands there.
-std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
-                                     const CharacterTables& tables) {
-  if (!is_ascii_upper(text[at])) return std::nullopt;
-  const std::size_t letters = at + 1 < text.size() && is_ascii_lower(text[at + 1]) ? 2 : 1;
-  const std::size_t end = after_digits(text, at + letters, tables);
-  const FormulaPart part{text.substr(at, letters), text.substr(at + letters, end - at - letters)};
-  at = end;
-  return part;
-}
-
 /// Where up to eight parts that start at byte `at` end.
 std::size_t after_parts(std::string_view text, std::size_t at, const CharacterTables& tables) {
   for (int part = 0; part < longest_token && at < text.size(); ++part) {
@@ -55,6 +44,16 @@ bool starts_word(std::string_view text, std::size_t at, const CharacterTables& t
 }
 
 }  // namespace
+
+std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
+                                     const CharacterTables& tables) {
+  if (!is_ascii_upper(text[at])) return std::nullopt;
+  const std::size_t letters = at + 1 < text.size() && is_ascii_lower(text[at + 1]) ? 2 : 1;
+  const std::size_t end = after_digits(text, at + letters, tables);
+  const FormulaPart part{text.substr(at, letters), text.substr(at + letters, end - at - letters)};
+  at = end;
+  return part;
+}
 
 FormulaParts split_formula(std::string_view text, const CharacterTables& tables) {
   FormulaParts parts;

@@ -38,6 +38,21 @@ struct FormulaPart {
 
 using FormulaParts = ShortList<FormulaPart>;
 
+/// Reads the part at byte `at` and moves `at` behind it; nothing when no capital stands there.
+std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
+                                     const CharacterTables& tables);
+
+/// Whether `text` is a run of parts from end to end and the test holds for each; it is asked until
+/// it does not.
+template <class Test>
+bool all_parts(std::string_view text, const CharacterTables& tables, Test test) {
+  for (std::size_t at = 0; at < text.size();) {
+    const auto part = read_part(text, at, tables);
+    if (!part || !test(*part)) return false;
+  }
+  return true;
+}
+
 /// The parts of `text`, or none when it is anything but a run of parts from end to end.
 FormulaParts split_formula(std::string_view text, const CharacterTables& tables);
 

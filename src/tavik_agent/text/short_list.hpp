@@ -8,6 +8,7 @@
 
 namespace tavik::text {
 
+// NOLINTBEGIN(cppcoreguidelines-pro-type-member-init): the room is filled item by item.
 template <class Item, std::size_t few = 8>
 class ShortList {
  public:
@@ -64,5 +65,6 @@ class ShortList {
   std::size_t size_ = 0;
   std::size_t room_ = few;
 };
+// NOLINTEND(cppcoreguidelines-pro-type-member-init)
 
 }  // namespace tavik::text
