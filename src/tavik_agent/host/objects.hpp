@@ -80,6 +80,21 @@ bool all_keys(const Value& dict, Test test) {
   return true;
 }
 
+/// The same for the keys and values of a dict that others may use at the same time. The test must
+/// throw nothing.
+template <class Test>
+bool all_entries(const Value& dict, Test test) {
+  bool holds = true;
+  PyObject* key = nullptr;
+  PyObject* value = nullptr;
+  Py_BEGIN_CRITICAL_SECTION(dict.get());
+  for (Py_ssize_t at = 0; holds && PyDict_Next(dict.get(), &at, &key, &value);) {
+    holds = test(Value::borrow(key), Value::borrow(value));
+  }
+  Py_END_CRITICAL_SECTION();
+  return holds;
+}
+
 /// mapping.items(), as something to walk
 Value items(const Value& mapping);
 /// item in collection
@@ -91,6 +106,9 @@ Value set_of(const Values& values);
 bool is_subset(const Value& set, const Value& collection);
 
 std::size_t length(const Value& sized);
+inline std::size_t length_of_exact(const Value& dict) {
+  return static_cast<std::size_t>(PyDict_GET_SIZE(dict.get()));
+}
 /// sequence[0]
 Value first(const Value& sequence);
 /// A tuple of the values of an exact dict, in its order, and one of its items.

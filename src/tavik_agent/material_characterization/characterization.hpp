@@ -11,16 +11,16 @@
 
 namespace tavik::characterization {
 
-/// The arguments; a new empty mapping stands in for an empty one.
+/// The arguments; of empty mappings there is no object.
 struct Inputs {
   const Value& given_step;
-  Value step_params;
+  Fields step_params;
   Text& query_text;
   const Value& findings;
   Value planner_manifest;
   Value previous_steps_params;
   const Value& base_characterization;
-  Value query_intent;
+  Fields query_intent;
 };
 
 struct Characterization : Inputs {

@@ -4,8 +4,8 @@
 namespace tavik::characterization {
 namespace {
 
-Value mapping_or_empty(const Value& value) {
-  return host::is_empty(value) ? host::new_dict() : value.another();
+Value unless_empty(const Value& mapping) {
+  return host::is_empty(mapping) ? Value() : mapping.another();
 }
 
 }  // namespace
@@ -15,19 +15,19 @@ Value characterize_material(const Module& module, const Value& step, const Value
                             const Value& previous_steps_params, const Value& base_characterization,
                             const Value& query_intent) {
   // Emptiness is a question to the host, so the order in which it is asked is part of the contract.
-  Value params = mapping_or_empty(step_params);
-  Value earlier_params = mapping_or_empty(previous_steps_params);
-  Value manifest = mapping_or_empty(planner_manifest);
-  Value intent = mapping_or_empty(query_intent);
+  Value params = unless_empty(step_params);
+  Value earlier_params = unless_empty(previous_steps_params);
+  Value manifest = unless_empty(planner_manifest);
+  Value intent = unless_empty(query_intent);
   Inputs inputs{
       .given_step = step,
-      .step_params = std::move(params),
+      .step_params = Fields(std::move(params)),
       .query_text = query_text,
       .findings = findings,
       .planner_manifest = std::move(manifest),
       .previous_steps_params = std::move(earlier_params),
       .base_characterization = base_characterization,
-      .query_intent = std::move(intent),
+      .query_intent = Fields(std::move(intent)),
   };
   Characterization call(module, std::move(inputs));
   read_intent_species(call);

@@ -37,7 +37,7 @@ void read_intent_fields(Characterization& call) {
   call.intent_correlation = intent_field(call.module, call.query_intent, InputKey::correlation);
   call.intent_magnetism = intent_field(call.module, call.query_intent, InputKey::magnetism);
   call.intent_complexity = intent_field(call.module, call.query_intent, InputKey::complexity_hint);
-  call.intent_units = call.module.read(call.query_intent, InputKey::units);
+  call.intent_units = call.query_intent.get(call.module, InputKey::units);
 }
 
 void classify_correlation(Characterization& call) {

@@ -41,8 +41,11 @@ Value _combined_text(const Module& module, std::span<const Value> parts) {
 
 void join_texts(Characterization& call) {
   Value findings = host::list_of(call.findings);
-  Value purpose = call.module.read(call.planner_manifest, InputKey::purpose);
-  Value notes = call.module.read(call.planner_manifest, InputKey::notes);
+  const auto read = [&](InputKey key) {
+    return call.planner_manifest ? call.module.read(call.planner_manifest, key) : Value::null();
+  };
+  Value purpose = read(InputKey::purpose);
+  Value notes = read(InputKey::notes);
   const std::array parts{call.query_text.value().another(), std::move(findings), std::move(purpose),
                          std::move(notes)};
   Value joined = combine(call.module, parts);

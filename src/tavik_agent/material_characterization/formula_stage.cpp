@@ -37,9 +37,9 @@ void decide_by_heuristic(Characterization& call) {
 }  // namespace
 
 void decide_formula_hint(Characterization& call) {
-  const Value written = call.module.read(call.query_intent, InputKey::formula);
+  const Value written = call.query_intent.get(call.module, InputKey::formula);
   call.intent_formula = host::strip(host::text_form_or_empty(written));
-  if (!call.module.has_key(call.query_intent, InputKey::formula)) return decide_by_heuristic(call);
+  if (!call.query_intent.has(call.module, InputKey::formula)) return decide_by_heuristic(call);
   call.formula_hint = FormulaHint(call.intent_formula.another());
   if (host::is_empty(call.intent_formula)) return;
   call.report("user query explicitly wrote formula ", call.intent_formula, " (LLM intent)");

@@ -7,6 +7,7 @@
 
 #include "host/text.hpp"
 #include "host/value.hpp"
+#include "material_characterization/fields.hpp"
 #include "material_characterization/formula_hint.hpp"
 #include "material_characterization/module.hpp"
 
@@ -30,10 +31,10 @@ Value _species_from_text(const Module&, Text& text);
 /// The one formula that names the material, or "".
 Value _formula_hint(const Module&, Text& text, const Value& species);
 
-Label _structure_mode(const Module&, const Value& step_params, Text& combined_text);
+Label _structure_mode(const Module&, const Fields& step_params, Text& combined_text);
 
 Label _structure_archetype(const Module&, const Verdict& structure_mode, Text& combined_text,
-                           Text& query_text, const Value& query_intent);
+                           Text& query_text, const Fields& query_intent);
 
 Label classify_system_class(const Module&, const Value& species, const FormulaHint& formula_hint,
                             Text& explicit_text, const Verdict& structure_archetype);

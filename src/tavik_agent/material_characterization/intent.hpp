@@ -9,8 +9,8 @@
 namespace tavik::characterization {
 
 /// A free-text field: its text form, stripped and in lower case; "" when it is missing or empty.
-inline Value intent_field(const Module& module, const Value& query_intent, InputKey key) {
-  const Value value = module.read(query_intent, key);
+inline Value intent_field(const Module& module, const Fields& query_intent, InputKey key) {
+  const Value value = query_intent.get(module, key);
   return host::lower(host::strip(host::text_form_or_empty(value)));
 }
 

@@ -1,6 +1,8 @@
 // Making a module's state, and reading its namespace.
 #include "material_characterization/module.hpp"
 
+#include <algorithm>
+
 #include "host/imports.hpp"
 #include "host/objects.hpp"
 #include "host/strings.hpp"
@@ -47,6 +49,19 @@ Value Module::look_up_in_namespace(Global name) const {
 Value Module::message_about(Decision decision, const Verdict& label) const {
   return label.own() ? messages_[static_cast<std::size_t>(decision)][*label.own()].another()
                      : host::message(host::Indexed<Decision>::text(decision), label.value());
+}
+
+std::optional<InputKey> Module::input_key(const Value& string) const {
+  constexpr auto keys = host::all_words<InputKey>();
+  const auto is_it = [&](InputKey key) { return string.is_same(input_keys_[key]); };
+  const auto has_its_text = [&](InputKey key) {
+    return host::equals(string, host::Indexed<InputKey>::text(key));
+  };
+  auto found = std::ranges::find_if(keys, is_it);
+  if (found == keys.end() && host::is_exact_string(string)) {
+    found = std::ranges::find_if(keys, has_its_text);
+  }
+  return found == keys.end() ? std::nullopt : std::optional(*found);
 }
 
 bool Module::is_mapping(const Value& value) const { return host::is_mapping(value, mapping_type_); }

@@ -60,6 +60,8 @@ class Module {
   bool has_key(const host::Value& mapping, InputKey key) const {
     return host::contains(mapping, input_keys_[key]);
   }
+  /// Which key a string is, if any.
+  std::optional<InputKey> input_key(const host::Value& string) const;
   bool is_mapping(const host::Value& value) const;
 
   /// The symbols that KNOWN_ELEMENT_SYMBOLS is bound to, when they are the module's own; otherwise

@@ -8,9 +8,9 @@
 namespace tavik::characterization {
 namespace {
 
-Value species_declared_in(const Characterization& call, const Value& params) {
+Value species_declared_in(const Characterization& call, const Value& element_block) {
   return invoke<_species_from_element_block>(call.module, Global::_species_from_element_block,
-                                             call.module.read(params, InputKey::element));
+                                             element_block);
 }
 
 void take_intent_species(Characterization& call) {
@@ -21,11 +21,12 @@ void take_intent_species(Characterization& call) {
 }
 
 void take_species_of_earlier_steps(Characterization& call) {
+  if (!call.previous_steps_params) return;
   host::Iterator steps(host::items(call.previous_steps_params));
   while (const Value step = steps.next()) {
     const Value params = host::unpack_pair(step).second;
     if (!call.module.is_mapping(params)) continue;
-    Value declared = species_declared_in(call, params);
+    Value declared = species_declared_in(call, call.module.read(params, InputKey::element));
     if (host::is_empty(declared)) continue;
     call.species = std::move(declared);
     return call.report("reused prior-step species ", call.species);
@@ -54,7 +55,7 @@ void take_species_of_base(Characterization& call) {
 }  // namespace
 
 void read_intent_species(Characterization& call) {
-  const Value named = call.module.read(call.query_intent, InputKey::species);
+  const Value named = call.query_intent.get(call.module, InputKey::species);
   if (host::is_empty(named)) return;
   host::Iterator items(named);
   while (const Value item = items.next()) {
@@ -64,7 +65,7 @@ void read_intent_species(Characterization& call) {
 }
 
 void resolve_species(Characterization& call) {
-  call.species = species_declared_in(call, call.step_params);
+  call.species = species_declared_in(call, call.step_params.get(call.module, InputKey::element));
   if (!host::is_empty(call.species)) {
     call.report("element definitions declare species ", call.species);
   } else if (!call.intent_species.empty()) {

@@ -11,8 +11,8 @@ namespace {
 
 using text::Group;
 
-bool has_lattice(const Module& module, const Value& step_params) {
-  const Value domain = module.read(step_params, InputKey::domain);
+bool has_lattice(const Module& module, const Fields& step_params) {
+  const Value domain = step_params.get(module, InputKey::domain);
   return module.is_mapping(domain) && !module.read(domain, InputKey::latvec).is_null();
 }
 
@@ -21,15 +21,15 @@ bool is_written(const Value& value) {
 }
 
 /// The structure description, or "" when there is no intent.
-Value description_in(const Module& module, const Value& query_intent) {
-  if (host::is_empty(query_intent)) return host::string("");
+Value description_in(const Module& module, const Fields& query_intent) {
+  if (query_intent.is_empty()) return host::string("");
   return intent_field(module, query_intent, InputKey::structure_description);
 }
 
 /// What the text that counts mentions. Stripping can only change what the end of the text makes of
 /// a keyword that ends in a blank, so a query without outer white space shares its own scan.
 text::Mentions authoritative_mentions(const Module& module, Text& combined_text, Text& query_text,
-                                      const Value& query_intent) {
+                                      const Fields& query_intent) {
   const auto& tables = host::character_tables();
   const host::Utf8 description(description_in(module, query_intent));
   host::WrittenForm query(query_text);
@@ -47,8 +47,8 @@ text::Mentions authoritative_mentions(const Module& module, Text& combined_text,
 
 }  // namespace
 
-Label _structure_mode(const Module& module, const Value& step_params, Text& combined_text) {
-  const Value atom_block = module.read(step_params, InputKey::atom);
+Label _structure_mode(const Module& module, const Fields& step_params, Text& combined_text) {
+  const Value atom_block = step_params.get(module, InputKey::atom);
   if (module.is_mapping(atom_block)) {
     const Value xyz = module.read(atom_block, InputKey::xyz);
     if (is_written(xyz)) return Label::external_structure;
@@ -60,7 +60,7 @@ Label _structure_mode(const Module& module, const Value& step_params, Text& comb
 }
 
 Label _structure_archetype(const Module& module, const Verdict& structure_mode, Text& combined_text,
-                           Text& query_text, const Value& query_intent) {
+                           Text& query_text, const Fields& query_intent) {
   const text::Mentions words =
       authoritative_mentions(module, combined_text, query_text, query_intent);
   if (words.has(Group::stm)) return Label::stm_sample_tip;

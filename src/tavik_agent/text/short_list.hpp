@@ -35,6 +35,8 @@ class ShortList {
     ++size_;
   }
 
+  void clear() { std::destroy_n(items_, std::exchange(size_, 0)); }
+
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
   Item* begin() { return items_; }

@@ -1,0 +1,44 @@
+// A mapping argument, and the entries in it that the module reads.
+#pragma once
+
+#include <cstdint>
+
+#include "host/objects.hpp"
+#include "material_characterization/module.hpp"
+#include "text/short_list.hpp"
+
+namespace tavik::characterization {
+
+/// A dict with few entries is read in one walk: of an intent with two, that takes 150 instructions,
+/// and the look-ups of nine keys, most of them missing, a thousand. All else is asked each time.
+/// What stands in for a missing mapping is made only when a function of the host is to see it.
+class Fields {
+ public:
+  Fields() = default;
+  explicit Fields(host::Value mapping) : mapping_(std::move(mapping)) {}
+
+  /// not mapping
+  bool is_empty() const { return !mapping_ || host::is_empty(mapping_); }
+  /// mapping.get(key)
+  host::Value get(const Module& module, InputKey key) const;
+  /// key in mapping
+  bool has(const Module& module, InputKey key) const;
+  /// The mapping itself.
+  const host::Value& value() const;
+
+ private:
+  struct Field {
+    InputKey key;
+    host::Value value;
+  };
+
+  bool are_known(const Module& module) const;
+  void walk(const Module& module) const;
+  const host::Value* find(InputKey key) const;
+
+  mutable host::Value mapping_;  ///< no object when it is missing
+  mutable text::ShortList<Field> fields_;
+  mutable std::uint64_t version_ = 0;  ///< of the dict when its fields were read
+};
+
+}  // namespace tavik::characterization
