@@ -49,6 +49,17 @@ Value set_of(const Value& values) { return Value::steal(PySet_New(values.get()))
 
 Value set_of(const Values& values) { return set_of(new_list(values)); }
 
+Values exact_strings_in(const Value& items) {
+  Values strings;
+  if (!is_exact_list(items)) return strings;
+  Iterator walk(items);
+  while (Value item = walk.next()) {
+    if (!is_exact_string(item)) return {};
+    strings.push_back(std::move(item));
+  }
+  return strings;
+}
+
 bool is_subset(const Value& set, const Value& collection) {
   return !is_empty(call_method(set, "issubset", collection));
 }

@@ -102,6 +102,8 @@ bool contains(const Value& collection, const Value& item);
 /// set(values)
 Value set_of(const Value& values);
 Value set_of(const Values& values);
+/// The items of an exact list when all of them are exact strings, otherwise none.
+Values exact_strings_in(const Value& items);
 /// set.issubset(collection)
 bool is_subset(const Value& set, const Value& collection);
 
@@ -187,6 +189,19 @@ bool union_contains(const Value& left, Right right, const Value& item) {
   if (unite) return contains(call(unite, other), item);
   if (is_exact_set(other)) return contains(left, item) || contains(other, item);
   return contains(call_method(left, "union", other), item);
+}
+
+/// set(items) <= right(): the set is made before right() is called. It is not made at all for a
+/// list of strings, which nobody can tell from it: asking for each of a few takes a third of the
+/// time.
+template <class Right>
+bool all_are_in(const Value& items, Right right) {
+  const Values strings = exact_strings_in(items);
+  const Value set = strings.empty() ? set_of(items) : Value();
+  const Value collection = right();
+  const auto is_in = [&](const Value& string) { return contains(collection, string); };
+  if (is_exact_set(collection) && !set) return std::ranges::all_of(strings, is_in);
+  return is_subset(set ? set.another() : set_of(strings), collection);
 }
 
 }  // namespace tavik::host

@@ -40,9 +40,8 @@ bool is_complex_magnet(const Module& module, const Value& species) {
 }
 
 bool all_simple_ferromagnets(const Module& module, const Value& species) {
-  if (host::is_empty(species)) return false;
-  const Value set = host::set_of(species);
-  return host::is_subset(set, species_from(module, simple_ferromagnets));
+  return !host::is_empty(species) &&
+         host::all_are_in(species, [&] { return species_from(module, simple_ferromagnets); });
 }
 
 bool asks_for_collinear_cell(Text& text) {
