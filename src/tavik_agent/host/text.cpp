@@ -36,12 +36,12 @@ const text::Mentions& Text::mentions() {
 
 std::string_view Text::phrase_context() { return text::strip(lowered(), character_tables()); }
 
-const std::vector<text::PhraseIndex::Row>& Text::phrases(const text::PhraseIndex& index) {
+const text::PhraseIndex::Rows& Text::phrases(const text::PhraseIndex& index) {
   if (searched_for_ != &index) {
-    phrases_ = index.find(phrase_context());
+    phrases_.emplace(index.find(phrase_context()));
     searched_for_ = &index;
   }
-  return phrases_;
+  return *phrases_;
 }
 
 WrittenForm::WrittenForm(Text& text) : given_(text) {

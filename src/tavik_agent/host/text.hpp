@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "host/strings.hpp"
 #include "host/value.hpp"
@@ -34,7 +33,7 @@ class Text {
   /// The lowered text without white space at its ends, as phrases are looked for in it.
   std::string_view phrase_context();
   /// The rows of an index whose phrases occur there.
-  const std::vector<text::PhraseIndex::Row>& phrases(const text::PhraseIndex& index);
+  const text::PhraseIndex::Rows& phrases(const text::PhraseIndex& index);
 
  private:
   void lower();
@@ -45,7 +44,7 @@ class Text {
   std::string lowered_ascii_;
   Utf8 lowered_other_;
   std::optional<text::Mentions> mentions_;
-  std::vector<text::PhraseIndex::Row> phrases_;
+  std::optional<text::PhraseIndex::Rows> phrases_;
   const text::PhraseIndex* searched_for_ = nullptr;  ///< the index that these are rows of
 };
 

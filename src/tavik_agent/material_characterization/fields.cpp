@@ -19,7 +19,7 @@ const Value& Fields::value() const {
 }
 
 void Fields::walk(const Module& module) const {
-  fields_.clear();
+  fields_.shorten(0);
   version_ = host::version_of(mapping_);
   const bool are_strings = host::all_entries(mapping_, [&](const Value& key, const Value& value) {
     if (const auto known = module.input_key(key)) fields_.push_back({*known, value.another()});

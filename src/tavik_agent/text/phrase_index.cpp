@@ -1,6 +1,5 @@
-// A text is tried from each of its words, a word longer each time for as long as some phrase begins
-// with these words. Both phrases and their beginnings are found by a hash of their words; a phrase
-// is then compared letter by letter.
+// A text is tried from each of its words, a word longer each time for as long as some phrase may
+// begin with these words. What may be a phrase is found by a hash and compared letter by letter.
 #include "text/phrase_index.hpp"
 
 #include <algorithm>
@@ -40,44 +39,35 @@ std::uint64_t letters_between(std::string_view text, std::size_t begin, std::siz
   return load(text.data() + begin, letters_at_once) & masks[size];
 }
 
+/// Where blanks stand among the 64 bytes from `at` on, and the end of the text.
+std::uint64_t word_ends(std::string_view text, std::size_t at) {
+  const std::size_t left = text.size() - at;
+  if (left >= mask_width) return blanks_among(&text[at]);
+  char last[mask_width] = {};
+  text.copy(last, left, at);
+  return blanks_among(last) | std::uint64_t{1} << left;
+}
+
 /// Calls visit(begin, end) for every word: what lies between two blanks or ends of the text.
 template <class Visit>
 void for_each_word(std::string_view text, Visit visit) {
   std::size_t begin = 0;
-  for (std::size_t at = 0; at < text.size(); at += mask_width) {
-    char last[mask_width] = {};
-    const bool is_whole = text.size() - at >= mask_width;
-    if (!is_whole) text.copy(last, mask_width, at);
-    for (std::uint64_t blanks = blanks_among(is_whole ? &text[at] : last); blanks != 0;
-         blanks &= blanks - 1) {
-      const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(blanks));
+  for (std::size_t at = 0; at <= text.size(); at += mask_width) {
+    for (std::uint64_t ends = word_ends(text, at); ends != 0; ends &= ends - 1) {
+      const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(ends));
       visit(std::exchange(begin, end + 1), end);
     }
   }
-  visit(begin, text.size());
 }
 
 /// A hash of words, eight letters a step.
-class WordHash {
- public:
-  std::uint64_t value() const { return value_; }
-
-  void add(std::string_view text, std::size_t begin, std::size_t end) {
-    do {
-      value_ = (value_ ^ letters_between(text, begin, end)) * 0x9E3779B97F4A7C15U;
-      value_ ^= value_ >> 32;
-      begin += letters_at_once;
-    } while (begin < end);
+std::uint64_t hash_of(std::string_view words) {
+  std::uint64_t hash = 0x243F6A8885A308D3U;
+  for (std::size_t at = 0; at < words.size(); at += letters_at_once) {
+    hash = (hash ^ letters_between(words, at, words.size())) * 0x9E3779B97F4A7C15U;
+    hash ^= hash >> 32;
   }
-
- private:
-  std::uint64_t value_ = 0x243F6A8885A308D3U;
-};
-
-/// Where the word that starts at `at` ends.
-std::size_t end_of_word(std::string_view text, std::size_t at) {
-  while (at < text.size() && text[at] != blank) ++at;
-  return at;
+  return hash;
 }
 
 }  // namespace
@@ -92,12 +82,6 @@ std::string_view Phrases::operator[](std::size_t row) const {
   return std::string_view(letters_).substr(begin, ends_[row] - begin);
 }
 
-void Openings::add(Letters word) { keys_.set(key(word) >> (64 - bits)); }
-
-void Openings::add(Letters first_word, Letters second_word) {
-  keys_.set(key(first_word, second_word) >> (64 - bits));
-}
-
 /// Rows, each once. Those found again are sorted out when they are as many as the others.
 class PhraseIndex::Found {
  public:
@@ -107,7 +91,7 @@ class PhraseIndex::Found {
     sort_out();
     enough_ += rows_.size();
   }
-  std::vector<Row> take() {
+  Rows take() {
     sort_out();
     return std::move(rows_);
   }
@@ -116,106 +100,64 @@ class PhraseIndex::Found {
   void sort_out() {
     std::ranges::sort(rows_);
     const auto repeated = std::ranges::unique(rows_);
-    rows_.erase(repeated.begin(), repeated.end());
+    rows_.shorten(rows_.size() - repeated.size());
   }
 
-  std::vector<Row> rows_;
+  Rows rows_;
   std::size_t enough_ = 64;
 };
 
 PhraseIndex::PhraseIndex(Phrases phrases) : phrases_(std::move(phrases)) {
-  std::size_t capacity = std::bit_ceil(phrases_.count() * 2 + 1);
-  do {
-    entries_.assign(capacity, {});
-    capacity *= 2;
-  } while (!enter_all());
+  entries_.resize(std::bit_ceil(phrases_.count() * 2 + 1));
+  for (std::size_t row = 0; row < phrases_.count(); ++row) enter(static_cast<Row>(row));
 }
 
-/// False when the table is too full to be searched quickly.
-bool PhraseIndex::enter_all() {
-  used_ = 0;
-  for (std::size_t row = 0; row < phrases_.count(); ++row) {
-    const std::string_view phrase = phrases_[row];
-    add_opening(phrase);
-    longest_ = std::max(longest_, phrase.size());
-    WordHash hash;
-    std::size_t at = 0;
-    std::size_t end = end_of_word(phrase, at);
-    for (; end != phrase.size(); at = end + 1, end = end_of_word(phrase, at)) {
-      hash.add(phrase, at, end);
-      if (at != 0) enter(hash.value(), beginning);  // one word alone is told by its opening
-    }
-    hash.add(phrase, at, end);
-    enter(hash.value(), static_cast<Row>(row));
-    if (used_ > entries_.size() / 4 * 3) return false;
-  }
-  return true;
-}
-
-void PhraseIndex::add_opening(std::string_view phrase) {
-  const std::size_t end = end_of_word(phrase, 0);
-  const Openings::Letters first_word = letters_between(phrase, 0, end);
-  if (end == phrase.size()) return openings_->add(first_word);
-  openings_->add(first_word, letters_between(phrase, end + 1, end_of_word(phrase, end + 1)));
-}
-
-void PhraseIndex::enter(std::uint64_t hash, Row row) {
+void PhraseIndex::enter(Row row) {
+  const std::string_view phrase = phrases_[row];
+  longest_ = std::max(longest_, phrase.size());
+  PhraseFilter::Key words = PhraseFilter::no_words;
+  for_each_word(phrase, [&](std::size_t begin, std::size_t end) {
+    words = PhraseFilter::with_word(words, letters_between(phrase, begin, end));
+    filter_->add(words, end == phrase.size() ? PhraseFilter::phrase : PhraseFilter::beginning);
+  });
+  const std::uint64_t hash = hash_of(phrase);
   std::size_t at = slot(hash);
-  for (; entries_[at].row != unused; at = next(at)) {
-    // Words that something begins with are noted once.
-    if (row == beginning && entries_[at].fingerprint == fingerprint(hash)) return;
-  }
+  while (entries_[at].row != unused) at = next(at);
   entries_[at] = {row, fingerprint(hash)};
-  ++used_;
 }
 
-/// Whether a phrase may begin with the words; those that are the words are added.
-bool PhraseIndex::look_up(std::uint64_t hash, std::string_view words, Found& found) const {
-  bool may_begin = false;
+/// Adds the phrases that are the words.
+void PhraseIndex::look_up(std::string_view words, Found& found) const {
+  const std::uint64_t hash = hash_of(words);
   for (std::size_t at = slot(hash); entries_[at].row != unused; at = next(at)) {
     const auto [row, print] = entries_[at];
-    if (print != fingerprint(hash)) continue;
-    may_begin = true;
-    if (row != beginning && phrases_[row] == words) found.add(row);
-  }
-  return may_begin;
-}
-
-/// The phrase that is the word from `begin` to `end`.
-void PhraseIndex::find_word(std::string_view text, std::size_t begin, std::size_t end,
-                            Found& found) const {
-  WordHash hash;
-  hash.add(text, begin, end);
-  look_up(hash.value(), text.substr(begin, end - begin), found);
-}
-
-/// The phrases that begin with two words, from `begin` to before `second` and from there to `end`.
-void PhraseIndex::find_longer(std::string_view text, std::size_t begin, std::size_t second,
-                              std::size_t end, Found& found) const {
-  // No further than a phrase can reach, so that a long word is not read again for the ones before.
-  const std::string_view within_reach = text.substr(0, begin + longest_ + 1);
-  WordHash hash;
-  hash.add(text, begin, second - 1);
-  for (std::size_t at = second; at <= within_reach.size();) {
-    hash.add(text, at, end);
-    if (!look_up(hash.value(), text.substr(begin, end - begin), found)) return;
-    at = end + 1;
-    end = end_of_word(within_reach, at);
+    if (print == fingerprint(hash) && phrases_[row] == words) found.add(row);
   }
 }
 
-std::vector<PhraseIndex::Row> PhraseIndex::find(std::string_view text) const {
+/// Finds out about the words from `begin` to `end`: whether more words may make them a phrase.
+bool PhraseIndex::follow(std::string_view text, std::size_t begin, std::size_t end,
+                         PhraseFilter::Key words, Found& found) const {
+  if (end - begin > longest_) return false;
+  const PhraseFilter::Nature nature = filter_->nature(words);
+  if (nature & PhraseFilter::phrase) look_up(text.substr(begin, end - begin), found);
+  return nature & PhraseFilter::beginning;
+}
+
+PhraseIndex::Rows PhraseIndex::find(std::string_view text) const {
   Found found;
-  std::size_t before = 0;  // where the word before begins
-  Openings::Letters letters_before = 0;
+  ShortList<Beginning> beginnings;
   for_each_word(text, [&](std::size_t begin, std::size_t end) {
-    const Openings::Letters letters = letters_between(text, begin, end);
-    if (openings_->may_hold(letters)) find_word(text, begin, end, found);
-    if (openings_->may_hold(letters_before, letters) && begin != 0) {
-      find_longer(text, before, begin, end, found);
+    const PhraseFilter::Letters letters = letters_between(text, begin, end);
+    std::size_t kept = 0;
+    for (auto [first, words] : beginnings) {
+      words = PhraseFilter::with_word(words, letters);
+      if (follow(text, first, end, words, found)) beginnings[kept++] = {first, words};
     }
-    before = begin;
-    letters_before = letters;
+    beginnings.shorten(kept);
+    const auto word = PhraseFilter::with_word(PhraseFilter::no_words, letters);
+    if (filter_->nature(word) == 0) return;
+    if (follow(text, begin, end, word, found)) beginnings.push_back({begin, word});
   });
   return found.take();
 }

@@ -3,14 +3,16 @@
 // blanks, so the cost grows with the text and not with the number of phrases.
 #pragma once
 
+#include <array>
 #include <bit>
-#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "text/short_list.hpp"
 
 namespace tavik::text {
 
@@ -26,70 +28,78 @@ class Phrases {
   std::vector<std::size_t> ends_;
 };
 
-/// The first words of phrases, the one of a phrase that has no more, or the first two; each told by
-/// at most eight letters. Nearly all other words are passed over for not being among them.
-class Openings {
+/// Tells nearly all words that are no phrase, and that no phrase begins with, from those that may.
+/// Words are known by a key made of the first eight letters of each.
+class PhraseFilter {
  public:
   /// The beginning of a word with zeros behind it, as the machine loads it.
   using Letters = std::uint64_t;
+  using Key = std::uint64_t;
 
-  void add(Letters word);
-  void add(Letters first_word, Letters second_word);
-  bool may_hold(Letters word) const { return holds(key(word)); }
-  bool may_hold(Letters first_word, Letters second_word) const {
-    return holds(key(first_word, second_word));
+  static constexpr Key no_words = 1;  // so that empty words change a key, too
+  /// The key of some words and one more.
+  static Key with_word(Key words, Letters word) {
+    return (std::rotl(words, 32) ^ word) * 0x9E3779B97F4A7C15U;
+  }
+
+  /// What some words may be; zero when they are nothing of interest.
+  using Nature = unsigned;
+  static constexpr Nature phrase = 1;
+  static constexpr Nature beginning = 2;
+
+  void add(Key words, Nature nature) { word_of(words) |= std::uint64_t{nature} << shift(words); }
+  Nature nature(Key words) const {
+    return natures_[place(words) / 32] >> shift(words) & (phrase | beginning);
   }
 
  private:
-  static constexpr int bits = 20;  // so that one word of 25 is held by chance
-  static constexpr std::uint64_t spread = 0x9E3779B97F4A7C15U;
+  static constexpr int place_bits = 20;  // so that of other words one of 45 passes
 
-  static std::uint64_t key(Letters word) { return word * spread; }
-  static std::uint64_t key(Letters first_word, Letters second_word) {
-    return (std::rotl(first_word * spread, 32) ^ second_word) * spread;
-  }
-  bool holds(std::uint64_t key) const { return keys_[key >> (64 - bits)]; }
+  static std::size_t place(Key words) { return words >> (64 - place_bits); }
+  static unsigned shift(Key words) { return place(words) % 32 * 2; }
+  std::uint64_t& word_of(Key words) { return natures_[place(words) / 32]; }
 
-  std::bitset<std::size_t{1} << bits> keys_;
+  std::array<std::uint64_t, (std::size_t{1} << place_bits) / 32> natures_{};
 };
 
 class PhraseIndex {
  public:
   using Row = std::uint32_t;
+  using Rows = ShortList<Row, 16>;
 
   explicit PhraseIndex(Phrases phrases);
 
   std::string_view phrase(Row row) const { return phrases_[row]; }
   /// The rows whose phrase occurs in `text`, in ascending order.
-  std::vector<Row> find(std::string_view text) const;
+  Rows find(std::string_view text) const;
 
  private:
   class Found;
 
-  /// A phrase, or the words that it begins with, in a hash table with open addressing.
+  /// A phrase, in a hash table with open addressing.
   struct Entry {
     Row row = unused;
     std::uint32_t fingerprint = 0;
   };
   static constexpr Row unused = static_cast<Row>(-1);
-  static constexpr Row beginning = static_cast<Row>(-2);
 
-  bool enter_all();
-  void add_opening(std::string_view phrase);
-  void enter(std::uint64_t hash, Row row);
-  void find_word(std::string_view text, std::size_t begin, std::size_t end, Found& found) const;
-  void find_longer(std::string_view text, std::size_t begin, std::size_t second, std::size_t end,
-                   Found& found) const;
-  bool look_up(std::uint64_t hash, std::string_view words, Found& found) const;
+  void enter(Row row);
+  /// Words that a phrase may begin with, and where in the text they stand.
+  struct Beginning {
+    std::size_t begin;
+    PhraseFilter::Key words;
+  };
+  bool follow(std::string_view text, std::size_t begin, std::size_t end, PhraseFilter::Key words,
+              Found& found) const;
+  void look_up(std::string_view words, Found& found) const;
 
   std::size_t slot(std::uint64_t hash) const { return hash & (entries_.size() - 1); }
   std::size_t next(std::size_t slot) const { return (slot + 1) & (entries_.size() - 1); }
 
   Phrases phrases_;
   std::size_t longest_ = 0;
-  std::unique_ptr<Openings> openings_ = std::make_unique<Openings>();
+  std::unique_ptr<PhraseFilter> filter_ = std::make_unique<PhraseFilter>();
   std::vector<Entry> entries_;
-  std::size_t used_ = 0;
 };
 
 }  // namespace tavik::text

@@ -13,10 +13,11 @@ template <class Item, std::size_t few = 8>
 class ShortList {
  public:
   ShortList() = default;
-  /// Takes over the items; `other` is to be used no more.
+  /// Takes over the items.
   ShortList(ShortList&& other) noexcept : size_(other.size_) {
     if (other.items_ == other.nearby()) {
       std::uninitialized_move_n(other.items_, size_, items_);
+      other.shorten(0);
     } else {
       items_ = std::exchange(other.items_, other.nearby());
       room_ = std::exchange(other.room_, few);
@@ -35,7 +36,11 @@ class ShortList {
     ++size_;
   }
 
-  void clear() { std::destroy_n(items_, std::exchange(size_, 0)); }
+  /// Keeps the first items.
+  void shorten(std::size_t size) {
+    std::destroy(items_ + size, items_ + size_);
+    size_ = size;
+  }
 
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
@@ -44,6 +49,7 @@ class ShortList {
   const Item* begin() const { return items_; }
   const Item* end() const { return items_ + size_; }
   const Item& front() const { return *items_; }
+  Item& operator[](std::size_t at) { return items_[at]; }
   const Item& operator[](std::size_t at) const { return items_[at]; }
 
  private:
