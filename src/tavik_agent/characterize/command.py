@@ -5,9 +5,10 @@ import re
 import sys
 from collections.abc import Callable, Sequence
 from io import TextIOWrapper
-from typing import Any
+from typing import Any, Literal, get_args, get_origin, get_type_hints
 
 import click
+from tavik_agent.characterization_types import EnergyUnit, QueryIntent
 
 from . import NAME, TROUBLE
 from .batch import answer_all
@@ -18,18 +19,32 @@ from .screen import console_for_output, show_record
 
 INTENT_OPTIONS = {
     "formula": ("--formula", "the formula"),
-    "correlation": ("--correlation", '"dft+u", "hybrid" or "plain_dft"'),
-    "magnetism": ("--magnetism", '"antiferromagnetic", say'),
-    "complexity_hint": ("--complexity", '"simple", say'),
-    "units": ("--energy-unit", '"eV" or "Hartree"'),
+    "correlation": ("--correlation", "the treatment of correlation"),
+    "magnetism": ("--magnetism", "the magnetic order"),
+    "complexity_hint": ("--complexity", "the request is meant to be easy"),
+    "units": ("--energy-unit", "the unit of energies"),
     "structure_description": ("--structure", "the structure in words"),
 }
+INTENT_TYPES = get_type_hints(QueryIntent) | {"units": EnergyUnit}
 
 
 def _intent_options(command: Callable[..., int]) -> Callable[..., int]:
-    for key, (option, words) in reversed(INTENT_OPTIONS.items()):
-        command = click.option(option, key, metavar="TEXT", help=f"Intent: {words}.")(command)
+    for key, (option, help_text) in reversed(INTENT_OPTIONS.items()):
+        words = _words(INTENT_TYPES[key])
+        command = click.option(
+            option,
+            key,
+            type=click.Choice(words, case_sensitive=False) if words else str,
+            metavar="WORD" if words else "TEXT",
+            help=f"Intent: {help_text}{': ' if words else ''}{', '.join(words)}.",
+        )(command)
     return command
+
+
+def _words(hint: Any) -> list[str]:
+    """The words of a closed set, also of one that may be left out; none of any other type."""
+    sets = [part for part in (hint, *get_args(hint)) if get_origin(part) is Literal]
+    return [word for part in sets for word in get_args(part) if word]
 
 
 @click.command(
@@ -43,7 +58,9 @@ Other commands; a QUERY that begins with such a word or with "-" goes behind "--
 @click.option("--step", metavar="NAME", help="The planning step.")
 @click.option("--species", metavar="LIST", help='The step\'s elements, as "Fe,O".')
 @_intent_options
-@click.option("--finding", "findings", metavar="TEXT", multiple=True, help="A finding so far.")
+@click.option(
+    "--finding", "findings", metavar="TEXT", multiple=True, help="A finding; may be repeated."
+)
 @click.option("--base", metavar="FILE", help="An earlier record, to merge the new one into.")
 @click.option("--json", "as_json", is_flag=True, help="Print the record as JSON.")
 def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) -> int:
@@ -54,10 +71,10 @@ def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) 
     if file == typed["base"] == "-":
         raise click.UsageError("standard input can be only one of --request and --base")
     typed_arguments = _arguments(" ".join(query), **typed)
-    if not file and not query and not typed_arguments:
+    if file is None and not typed_arguments:
         raise click.UsageError("expected a request in words or --request FILE; see --help")
-    place = input_place(file) if file else "the request"
-    given = check(read_json(file), place) if file else {"step": ""}
+    place = "the request" if file is None else input_place(file)
+    given = {"step": ""} if file is None else check(read_json(file), place)
     arguments = _replaced(given, typed_arguments)
     record = characterize(arguments, place)
     if as_json:
@@ -77,8 +94,8 @@ def _arguments(
     **intent: str | None,
 ) -> dict[str, Any]:
     """The arguments that were typed, and no others."""
-    symbols = re.split(r"[,\s]+", species.strip(", ")) if species else []
-    earlier = {"base_characterization": read_json(base)} if base else {}
+    symbols = re.findall(r"[^,\s]+", species or "")
+    earlier = {} if base is None else {"base_characterization": read_json(base)}
     typed = {
         "step": step,
         "step_params": {"element": [{"species": symbol} for symbol in symbols]} if symbols else {},
@@ -102,7 +119,14 @@ def _replaced(given: dict[str, Any], typed: dict[str, Any]) -> dict[str, Any]:
 
 @click.command()
 @click.argument("source", metavar="IN.jsonl")
-@click.option("-o", "--output", "target", metavar="OUT.jsonl", default="-", help="A new file.")
+@click.option(
+    "-o",
+    "--output",
+    "target",
+    metavar="OUT.jsonl",
+    default="-",
+    help="A new file; standard output when left out.",
+)
 @click.option("--resume", is_flag=True, help="Go on after the whole lines that OUT.jsonl holds.")
 def batch(source: str, target: str, resume: bool) -> int:
     """Answer the requests in IN.jsonl, a JSON object a line, with a record a line.
