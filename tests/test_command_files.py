@@ -76,17 +76,19 @@ def test_resume_after_the_whole_lines(cut, answered, capfd):
 
 
 def test_nothing_is_written_over(answered, capfd):
-    Path("few.jsonl").write_bytes(as_lines(GOOD))
+    Path("few.jsonl").write_bytes(as_lines(GOOD) + b"last line without an end")
     os.link("in.jsonl", "link.jsonl")
     capfd.readouterr()
     for words, message in {
         "in.jsonl -o out.jsonl": "out.jsonl: expected a new file, or --resume",
         "in.jsonl -o link.jsonl --resume": "link.jsonl: expected another file than",
-        "few.jsonl -o out.jsonl --resume": "out.jsonl: expected no more than the 4 lines",
+        "few.jsonl -o out.jsonl --resume": "out.jsonl: expected no more than the 5 lines",
+        "out.jsonl -o few.jsonl --resume": "few.jsonl:1: expected an answer of an earlier run",
     }.items():
         assert run(["batch", *words.split()]) == 2
         assert capfd.readouterr().err.startswith(f"tavik-characterize batch: {message}")
     assert Path("out.jsonl").read_bytes() == answered
+    assert Path("few.jsonl").read_bytes().endswith(b"without an end")
 
 
 @pytest.mark.parametrize(

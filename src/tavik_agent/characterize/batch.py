@@ -17,6 +17,7 @@ from .files import Trouble, input_place, json_bytes, parse_json, read_lines, tro
 from .request import characterize, check
 
 ERROR_START = b'{"error": {"line": '
+IN_EVERY_RECORD = b'"confidence": '
 LINES_A_REFRESH = 500
 
 
@@ -89,9 +90,12 @@ def _keep_whole_lines(output: FileIO, target: str) -> Tally:
     if _is_file(output):
         for line in read_lines(target):
             if line.endswith(b"\n"):
+                is_error = line.startswith(ERROR_START)
                 lines += 1
-                bad += line.startswith(ERROR_START)
+                bad += is_error
                 size += len(line)
+                if not is_error and IN_EVERY_RECORD not in line:
+                    raise Trouble(f"{target}:{lines}", "expected an answer of an earlier run")
         output.truncate(size)
     return Tally(lines, bad)
 
