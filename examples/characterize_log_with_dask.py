@@ -3,8 +3,8 @@
 Usage: characterize_log_with_dask.py LOG FOLDER [--scheduler ADDRESS | --workers N] [--block SIZE]
 
 LOG may be a pattern and, like FOLDER, any place that fsspec knows. Every line of LOG gives one line
-in the parts of FOLDER, in the same order: a record, or for a bad line an object with its error, its
-file and the line itself. The exit status is 1 if there was any.
+in the parts of FOLDER, in the same order: a record, or for a bad line an error object with the
+message, the file and the text of the line. The exit status is 1 if there was any.
 """
 
 import argparse
@@ -33,8 +33,9 @@ def characterize_part(lines: Iterable[tuple[str, str]], target: str) -> tuple[in
         try:
             results.append(characterize_line(line))
         except Exception as error:
-            message = f"{type(error).__name__}: {error}"
-            results.append(json.dumps({"error": message, "file": file, "line": line.rstrip("\n")}))
+            told = {"message": f"{type(error).__name__}: {error}"}
+            told |= {"file": file, "text": line.rstrip("\n")}
+            results.append(json.dumps({"error": told}))
             errors += 1
     with fsspec.open(target, "w", encoding="utf-8") as out:
         out.writelines(f"{result}\n" for result in results)

@@ -125,9 +125,11 @@ def test_a_reader_that_has_seen_enough():
     assert (done.stdout.count(b"\n"), done.stderr) == (1, b"")
 
 
-METAL = {"step": "SCF", "electronic_class": "metal", "species": [], "confidence": 0.4}
+METAL = {"step": "SCF", "electronic_class": "metal", "species": []}
+METAL |= {"evidence": [], "confidence": 0.4}
 OXIDE = METAL | {"electronic_class": "unknown", "species": ["Ni", "O"], "evidence": ["x"]}
 FAILED = {"error": {"line": 1, "message": "why"}}
+FAILED_ELSEWHERE = {"error": {"message": "why", "file": "log", "text": "x"}}
 CHANGES = """\
       2  SCF       electronic_class        metal -> unknown
       2  SCF       species                 - -> Ni, O
@@ -147,7 +149,12 @@ error                   1
 @pytest.mark.parametrize(
     ("before", "after", "status", "shown"),
     [
-        ([METAL, FAILED], [METAL | {"confidence": 1, "evidence": []}, FAILED], 0, None),
+        (
+            [METAL, FAILED],
+            [METAL | {"confidence": 1, "evidence": ["x"], "note": ""}, FAILED_ELSEWHERE],
+            0,
+            None,
+        ),
         ([METAL], [], 1, "0 of 0 requests changed\n1 only in a.jsonl, from line 1 on\n"),
         (
             [OXIDE, METAL, FAILED, METAL, OXIDE],
@@ -164,8 +171,14 @@ def test_compare(before, after, status, shown, capfd):
     assert capfd.readouterr() == (shown or "0 of 2 requests changed\n", "")
 
 
-def test_compare_tells_a_bad_line(capfd):
-    Path("a.jsonl").write_bytes(as_lines([METAL]) + b"x\n")
+@pytest.mark.parametrize(
+    ("line", "message"),
+    [
+        (b"x", ":2:1: invalid JSON: Expecting value"),
+        (b'{"step": "a"}', ":2: expected a record or an error object, not {'step': 'a'}"),
+    ],
+)
+def test_compare_tells_a_bad_line(line, message, capfd):
+    Path("a.jsonl").write_bytes(as_lines([METAL]) + line + b"\n")
     assert run(["compare", "a.jsonl", "a.jsonl"]) == 2
-    message = "tavik-characterize compare: a.jsonl:2:1: invalid JSON: Expecting value\n"
-    assert capfd.readouterr().err == message
+    assert capfd.readouterr().err == f"tavik-characterize compare: a.jsonl{message}\n"

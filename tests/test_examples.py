@@ -66,9 +66,9 @@ def test_dask_job(tmp_path):
     assert (out, status) == (f"606 lines on 2 workers, {len(BAD)} errors\n", 1)
     parts = [path.read_text() for path in sorted((tmp_path / "records").iterdir())]
     found = [json.loads(line) for line in "".join(parts).splitlines()]
-    failed = found[400 : 400 + len(BAD)]
+    failed = [answer["error"] for answer in found[400 : 400 + len(BAD)]]
     assert found[:400] + found[400 + len(BAD) :] == [mc.characterize_material(**r) for r in good]
-    assert [entry["error"].split(":")[0] for entry in failed] == list(BAD.values())
-    written = [entry["line"].encode(errors="surrogateescape") for entry in failed]
+    assert [error["message"].split(":")[0] for error in failed] == list(BAD.values())
+    written = [error["text"].encode(errors="surrogateescape") for error in failed]
     assert written == list(BAD)
-    assert {entry["file"] for entry in failed} == {f"{tmp_path}/log-0.jsonl"}
+    assert {error["file"] for error in failed} == {f"{tmp_path}/log-0.jsonl"}

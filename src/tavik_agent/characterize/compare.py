@@ -12,10 +12,17 @@ from rich.console import Console
 from rich.text import Text
 
 from .files import input_place, parse_json, read_lines
-from .request import OBJECT, expect
+from .request import Shape, expect
 from .screen import ACCOUNT, grid, written
 
 Record = dict[str, Any]
+
+
+def _is_answer(value: Any) -> bool:
+    return isinstance(value, dict) and (_failure(value) is not None or value.keys() >= {*ACCOUNT})
+
+
+ANSWER = Shape("a record or an error object", _is_answer)
 
 
 class Change(NamedTuple):
@@ -54,7 +61,7 @@ def _records(path: str) -> Iterator[Record]:
     place = input_place(path)
     for number, line in enumerate(read_lines(path), 1):
         record: Record = parse_json(line.rstrip(b"\r\n"), place, number)
-        expect(OBJECT, record, f"{place}:{number}")
+        expect(ANSWER, record, f"{place}:{number}")
         yield record
 
 
@@ -65,14 +72,15 @@ def _changes(before: Record, after: Record) -> Iterator[Change]:
             yield Change("error", *(written(why) if why else "answered" for why in failures))
         return
     for name in before | after:
-        if name not in ACCOUNT and before.get(name) != after.get(name):
-            yield Change(name, written(before.get(name, "")), written(after.get(name, "")))
+        old, new = before.get(name, ""), after.get(name, "")
+        if name not in ACCOUNT and old != new:
+            yield Change(name, written(old), written(new))
 
 
 def _failure(record: Record) -> str | None:
     """Why a line could not be answered, when it could not."""
     match record:
-        case {"error": {"line": int(), "message": str(why)}} if len(record) == 1:
+        case {"error": {"message": str(why)}} if len(record) == 1:
             return why
     return None
 
