@@ -20,6 +20,8 @@ SOURCE_PACKAGE |= {"CHANGELOG.md", "CMakeLists.txt", "LICENSE", "PKG-INFO", "REA
 SOURCE_PACKAGE |= {"pyproject.toml"}
 METADATA = ["Name", "Version", "Summary", "Author", "License-Expression", "License-File"]
 METADATA += ["Keywords", "Classifier", "Requires-Python", "Description-Content-Type"]
+METADATA += ["Provides-Extra"]
+BESIDE_METADATA = {"licenses/LICENSE", "entry_points.txt"}
 CALL = """
 from tavik_agent.material_characterization import characterize_material
 record = characterize_material(step="scf", query_text="Band gap of GaAs in eV")
@@ -42,7 +44,8 @@ def check_wheel(file: Path) -> None:
         fields = BytesParser().parsebytes(archive.read(metadata))
     missing = [field for field in METADATA if not fields[field]]
     assert not missing, f"metadata of {file.name}: no {missing}"
-    assert metadata.replace("METADATA", "licenses/LICENSE") in names
+    beside = {metadata.replace("METADATA", name) for name in BESIDE_METADATA}
+    assert beside <= names, f"not in {file.name}: {beside - names}"
 
     code = {name for name in names if ".dist-info/" not in name}
     extensions = {name for name in code if name.endswith((".so", ".pyd"))}
