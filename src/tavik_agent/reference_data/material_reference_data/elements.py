@@ -42,8 +42,8 @@ KNOWN_ELEMENT_SYMBOLS: Final[frozenset[str]] = frozenset(
 # word or the spelling of a compound is present only in phrases that leave no doubt.
 # Sources: Nomenclature of Inorganic Chemistry (IUPAC Recommendations 2005), tables of the elements;
 # IUPAC 2016 for elements 113, 115, 117 and 118.
-# Left out: "lead" and "tin" by themselves; Latin names nobody writes (ferrum, kalium); deuterium
-# and tritium.
+# Left out: "lead", "tin" and "zinc" by themselves; Latin names nobody writes (ferrum, kalium);
+# deuterium and tritium.
 # Order: the order of the rows is the order of the species, electropositive elements first, as in a
 # formula.
 _NAMES: Final[Mapping[str, str]] = MappingProxyType(
@@ -124,7 +124,31 @@ _NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "copper": "Cu",
         "silver": "Ag",
         "gold": "Au",
-        "zinc": "Zn",
+        # "Zinc blende" is a structure, so the bare name would put zinc into every request for it: only
+        # phrases in which something else follows.
+        "elemental zinc": "Zn",
+        "metallic zinc": "Zn",
+        "hcp zinc": "Zn",
+        "zinc metal": "Zn",
+        "zinc atom": "Zn",
+        "zinc atoms": "Zn",
+        "zinc adatom": "Zn",
+        "zinc(ii)": "Zn",
+        "zinc (ii)": "Zn",
+        "zinc-based": "Zn",
+        "zinc-doped": "Zn",
+        "zinc doping": "Zn",
+        "zinc dopant": "Zn",
+        "zinc vacancy": "Zn",
+        "zinc vacancies": "Zn",
+        "zinc interstitial": "Zn",
+        "zinc surface": "Zn",
+        "zinc film": "Zn",
+        "zinc films": "Zn",
+        "zinc in": "Zn",
+        "zinc with": "Zn",
+        "zinc and": "Zn",
+        "zinc on": "Zn",
         "cadmium": "Cd",
         "mercury": "Hg",
         # Transactinides.
