@@ -16,8 +16,8 @@ from pathlib import Path, PurePosixPath
 ROOT = Path(__file__).parents[1]
 EXAMPLE = ROOT / "examples" / "typed_planner_step.py"
 SOURCE_PACKAGE = {"docs", "examples", "src"}
-SOURCE_PACKAGE |= {"CHANGELOG.md", "CMakeLists.txt", "LICENSE", "PKG-INFO", "README.md"}
-SOURCE_PACKAGE |= {"pyproject.toml"}
+SOURCE_PACKAGE |= {"CHANGELOG.md", "CMakeLists.txt", "CONTRIBUTING.md", "LICENSE", "PKG-INFO"}
+SOURCE_PACKAGE |= {"README.md", "pyproject.toml"}
 METADATA = ["Name", "Version", "Summary", "Author", "License-Expression", "License-File"]
 METADATA += ["Keywords", "Classifier", "Requires-Python", "Description-Content-Type"]
 METADATA += ["Provides-Extra"]
