@@ -144,20 +144,31 @@ bool PhraseIndex::follow(std::string_view text, std::size_t begin, std::size_t e
   return nature & PhraseFilter::beginning;
 }
 
+/// Adds one more word to the words that a phrase may begin with.
+void PhraseIndex::extend(Beginnings& beginnings, std::string_view text, std::size_t end,
+                         PhraseFilter::Letters letters, Found& found) const {
+  std::size_t kept = 0;
+  for (auto [begin, words] : beginnings) {
+    words = PhraseFilter::with_word(words, letters);
+    if (follow(text, begin, end, words, found)) beginnings[kept++] = {begin, words};
+  }
+  beginnings.shorten(kept);
+}
+
+// Four words of five take neither branch; told so, the compiler keeps what those need in registers.
 PhraseIndex::Rows PhraseIndex::find(std::string_view text) const {
+  const PhraseFilter& filter = *filter_;
   Found found;
-  ShortList<Beginning> beginnings;
+  Beginnings beginnings;
   for_each_word(text, [&](std::size_t begin, std::size_t end) {
     const PhraseFilter::Letters letters = letters_between(text, begin, end);
-    std::size_t kept = 0;
-    for (auto [first, words] : beginnings) {
-      words = PhraseFilter::with_word(words, letters);
-      if (follow(text, first, end, words, found)) beginnings[kept++] = {first, words};
-    }
-    beginnings.shorten(kept);
     const auto word = PhraseFilter::with_word(PhraseFilter::no_words, letters);
-    if (filter_->nature(word) == 0) return;
-    if (follow(text, begin, end, word, found)) beginnings.push_back({begin, word});
+    if (!beginnings.empty()) [[unlikely]] {
+      extend(beginnings, text, end, letters, found);
+    }
+    if (filter.nature(word) != 0) [[unlikely]] {
+      if (follow(text, begin, end, word, found)) beginnings.push_back({begin, word});
+    }
   });
   return found.take();
 }

@@ -89,6 +89,10 @@ class PhraseIndex {
     std::size_t begin;
     PhraseFilter::Key words;
   };
+  using Beginnings = ShortList<Beginning>;
+
+  void extend(Beginnings& beginnings, std::string_view text, std::size_t end,
+              PhraseFilter::Letters letters, Found& found) const;
   bool follow(std::string_view text, std::size_t begin, std::size_t end, PhraseFilter::Key words,
               Found& found) const;
   void look_up(std::string_view words, Found& found) const;
