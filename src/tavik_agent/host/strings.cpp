@@ -10,7 +10,12 @@
 namespace tavik::host {
 namespace {
 
-bool is_ascii(std::string_view bytes) { return std::ranges::all_of(bytes, text::is_ascii); }
+/// Looks at all bytes, which the compiler then does sixteen at a time.
+bool is_ascii(std::string_view bytes) {
+  char combined = 0;
+  for (const char byte : bytes) combined = static_cast<char>(combined | byte);
+  return text::is_ascii(combined);
+}
 
 /// A new ASCII string whose characters are still to be written.
 Value blank_ascii(std::size_t length) {
@@ -68,16 +73,25 @@ bool is_plain_word(const Value& value) {
   return is_exact_ascii(value) && std::ranges::all_of(ascii_view(value), is_letter_or_digit);
 }
 
-/// A list of species is a short list of plain words, which the host's own repr, made for all that a
-/// list may hold, takes five times as long to write.
-Value text_form_of_list(const Value& list) {
-  std::string written;
-  Iterator items(list);
-  while (const Value item = items.next()) {
-    if (!is_plain_word(item)) return text_form(list);
-    written.append(written.empty() ? "['" : "', '").append(ascii_view(item));
+char* write(char* at, std::string_view text) { return std::ranges::copy(text, at).out; }
+
+/// prefix + repr(list) + suffix, or no object. A list of species is a short list of plain words,
+/// which the host's own repr, made for all that a list may hold, takes five times as long to write.
+Value message_about_words(std::string_view prefix, const Value& list, std::string_view suffix) {
+  constexpr std::string_view opening = "['";
+  constexpr std::string_view between = "', '";
+  constexpr std::string_view closing = "']";
+  const Values words = exact_strings_in(list);
+  if (words.empty() || !std::ranges::all_of(words, is_plain_word)) return Value();
+  std::size_t length = prefix.size() + suffix.size() + words.size() * between.size();
+  for (const Value& word : words) length += ascii_view(word).size();
+  Value whole = blank_ascii(length);  // opening and closing are as long as what stands between
+  char* at = write(characters_of(whole), prefix);
+  for (const Value& word : words) {
+    at = write(write(at, &word == words.begin() ? opening : between), ascii_view(word));
   }
-  return string(written.empty() ? "[]" : written.append("']"));
+  write(write(at, closing), suffix);
+  return whole;
 }
 
 Value power_of_ten(std::size_t exponent) {
@@ -144,12 +158,12 @@ Value strip(const Value& value) {
 }
 
 Value lower(const Value& value) {
-  return is_exact_ascii(value) ? map_ascii(value, text::ascii_lower)
+  return is_exact_ascii(value) ? map_ascii(value, [](char c) { return text::ascii_lower(c); })
                                : string_method(value, "lower");
 }
 
 Value upper(const Value& value) {
-  return is_exact_ascii(value) ? map_ascii(value, text::ascii_upper)
+  return is_exact_ascii(value) ? map_ascii(value, [](char c) { return text::ascii_upper(c); })
                                : string_method(value, "upper");
 }
 
@@ -182,22 +196,25 @@ Value join_with_blanks(const Values& strings) {
   char* at = characters_of(joined);
   for (const Value& string : strings) {
     if (&string != &strings.front()) *at++ = ' ';
-    at = std::ranges::copy(ascii_view(string), at).out;
+    at = write(at, ascii_view(string));
   }
   return joined;
 }
 
 Value message(std::string_view prefix, const Value& value, std::string_view suffix) {
-  const Value text = is_exact_list(value) ? text_form_of_list(value) : text_form(value);
-  if (!is_exact_ascii(text) || !is_ascii(prefix) || !is_ascii(suffix)) {
+  const bool is_ascii_around = is_ascii(prefix) && is_ascii(suffix);
+  if (is_ascii_around && is_exact_list(value)) {
+    if (Value whole = message_about_words(prefix, value, suffix)) return whole;
+  }
+  const Value text = text_form(value);
+  if (!is_exact_ascii(text) || !is_ascii_around) {
     return Value::steal(PyUnicode_FromFormat("%.*s%U%.*s", static_cast<int>(prefix.size()),
                                              prefix.data(), text.get(),
                                              static_cast<int>(suffix.size()), suffix.data()));
   }
   const std::string_view words = ascii_view(text);
   Value whole = blank_ascii(prefix.size() + words.size() + suffix.size());
-  char* const after_prefix = std::ranges::copy(prefix, characters_of(whole)).out;
-  std::ranges::copy(suffix, std::ranges::copy(words, after_prefix).out);
+  write(write(write(characters_of(whole), prefix), words), suffix);
   return whole;
 }
 
