@@ -16,7 +16,7 @@ using host::check;
 using host::Value;
 
 Value default_of(const Parameter& parameter) {
-  return parameter.otherwise == Default::null ? Value::null() : host::string("");
+  return parameter.otherwise == Default::null ? Value::null() : host::empty_string();
 }
 
 Value number(std::size_t value) { return Value::steal(PyLong_FromSize_t(value)); }
@@ -68,10 +68,13 @@ Value twin_of(const Signature& signature, const char* name) {
   host::raise(PyExc_SystemError, "%s() refused arguments that fit its signature", name.c_str());
 }
 
-std::optional<std::size_t> find_parameter(const Signature& signature, const Value& keyword) {
-  for (std::size_t i = 0; i < signature.count; ++i) {
-    const std::string_view name = signature.parameters[i].name;
-    if (host::equals(keyword, name)) return i;
+/// Keywords mostly come in the order of the parameters, so the search starts at `expected`.
+std::optional<std::size_t> find_parameter(const Signature& signature, const Value& keyword,
+                                          std::size_t expected) {
+  for (std::size_t n = 0; n < signature.count; ++n) {
+    const std::size_t i =
+        expected + n < signature.count ? expected + n : expected + n - signature.count;
+    if (host::equals(keyword, signature.parameters[i].name)) return i;
   }
   return std::nullopt;
 }
@@ -82,11 +85,13 @@ bool fill(const Signature& signature, const Arguments& arguments, Bound& bound) 
   for (std::size_t i = 0; i < arguments.positional; ++i) {
     bound[i] = Value::borrow(arguments.values[i]);
   }
+  std::size_t expected = arguments.positional;
   for (std::size_t i = 0; i < arguments.keywords(); ++i) {
     const Value keyword = Value::borrow(PyTuple_GET_ITEM(arguments.keyword_names, i));
-    const auto parameter = find_parameter(signature, keyword);
+    const auto parameter = find_parameter(signature, keyword, expected);
     if (!parameter || bound[*parameter]) return false;
     bound[*parameter] = Value::borrow(arguments.values[arguments.positional + i]);
+    expected = *parameter + 1;
   }
   for (std::size_t i = 0; i < signature.count; ++i) {
     if (bound[i]) continue;

@@ -43,13 +43,14 @@ inline bool is_empty(const Value& value) {
   return value.is_null() || check(PyObject_IsTrue(object)) == 0;
 }
 
+inline Value empty_string() { return Value::steal(PyUnicode_New(0, 0)); }
 /// The host's string conversion.
 inline Value text_form(const Value& value) {
   return is_exact_string(value) ? value.another() : Value::steal(PyObject_Str(value.get()));
 }
 /// The text form of a non-empty value, "" for an empty one.
 inline Value text_form_or_empty(const Value& value) {
-  return is_empty(value) ? Value::steal(PyUnicode_New(0, 0)) : text_form(value);
+  return is_empty(value) ? empty_string() : text_form(value);
 }
 
 bool equals_in_host(const Value& value, std::string_view text);
@@ -60,7 +61,10 @@ inline bool equals(const Value& value, std::string_view text) {
 }
 /// value == any of the texts, compared in their order
 inline bool equals_any(const Value& value, std::initializer_list<std::string_view> texts) {
-  return std::ranges::any_of(texts, [&](std::string_view text) { return equals(value, text); });
+  if (!is_exact_string(value)) {
+    return std::ranges::any_of(texts, [&](auto text) { return equals_in_host(value, text); });
+  }
+  return is_exact_ascii(value) && std::ranges::find(texts, ascii_view(value)) != texts.end();
 }
 
 Value get_in_host(const Value& mapping, const Value& key);

@@ -3,6 +3,8 @@
 #include "host/strings.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "host/objects.hpp"
@@ -10,11 +12,14 @@
 namespace tavik::host {
 namespace {
 
-/// Looks at all bytes, which the compiler then does sixteen at a time.
+/// Looks at all bytes, eight at a time.
 bool is_ascii(std::string_view bytes) {
-  char combined = 0;
-  for (const char byte : bytes) combined = static_cast<char>(combined | byte);
-  return text::is_ascii(combined);
+  std::uint64_t combined = 0;
+  for (std::uint64_t eight = 0; bytes.size() >= sizeof eight; bytes.remove_prefix(sizeof eight)) {
+    std::memcpy(&eight, bytes.data(), sizeof eight);
+    combined |= eight;
+  }
+  return (combined & 0x8080808080808080U) == 0 && std::ranges::all_of(bytes, text::is_ascii);
 }
 
 /// A new ASCII string whose characters are still to be written.

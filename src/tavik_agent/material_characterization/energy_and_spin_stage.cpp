@@ -21,7 +21,7 @@ void take_unit(Characterization& call, const char* unit, const char* prefix, con
 
 /// The intent's energy unit in lower case, with blanks for hyphens.
 Value normalized_intent_energy_unit(const Characterization& call) {
-  if (!call.module.is_mapping(call.intent_units)) return host::string("");
+  if (!call.module.is_mapping(call.intent_units)) return host::empty_string();
   const Value energy = call.module.read(call.intent_units, InputKey::energy);
   const Value intent_energy_unit = host::strip(host::text_form_or_empty(energy));
   std::string unit(host::Utf8(host::lower(intent_energy_unit)).view());
@@ -49,7 +49,7 @@ void decide_energy_unit(Characterization& call) {
   } else if (call.combined->mentions(Group::hartree)) {
     from_prose(hartree);
   } else {
-    call.requested_energy_unit = host::string("");
+    call.requested_energy_unit = host::empty_string();
   }
 }
 

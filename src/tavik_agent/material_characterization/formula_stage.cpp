@@ -28,7 +28,7 @@ void decide_by_heuristic(Characterization& call) {
   }
   if (host::is_empty(call.formula_hint.value())) return;
   if (!call.intent_species.empty() && names_elements_beyond_intent(call)) {
-    call.formula_hint = FormulaHint(host::string(""));
+    call.formula_hint = FormulaHint(host::empty_string());
     return;
   }
   call.report("formula hint ", call.formula_hint.value());

@@ -40,12 +40,12 @@ host::Values unique_texts(const Value& species) {
 Value formula_from_species(const Value& species) {
   const host::Values unique = unique_texts(species);
   if (unique.size() == 1) return unique.front().another();
-  if (unique.size() != 2) return host::string("");
+  if (unique.size() != 2) return host::empty_string();
   const Value& first = unique[0];
   const Value& second = unique[1];
   if (host::equals(first, "O")) return host::message("", second, "O");
   if (host::equals(second, "O")) return host::message("", first, "O");
-  return host::string("");
+  return host::empty_string();
 }
 
 }  // namespace

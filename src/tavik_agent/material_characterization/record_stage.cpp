@@ -52,7 +52,7 @@ Value merged_confidence(const Characterization& call) {
 /// Writes what the record decided; what it left open erases nothing.
 void update_with_decisions(const Module& module, const Value& merged, const Value& record) {
   const Value uninformative =
-      host::tuple_of(host::string(""), host::new_list(), Value::null(),
+      host::tuple_of(host::empty_string(), host::new_list(), Value::null(),
                      module.label(Label::unknown), module.label(Label::other));
   for (const RecordKey key : host::all_words<RecordKey>()) {
     const Value value = module.read(record, key);

@@ -8,7 +8,7 @@ namespace tavik::characterization {
 RecordTemplate::RecordTemplate(const host::Indexed<RecordKey>& keys,
                                const host::Indexed<Label>& labels)
     : record_(host::new_dict()) {
-  for (host::Value& value : usual_) value = host::string("");
+  for (host::Value& value : usual_) value = host::empty_string();
   for (const RecordKey key :
        {RecordKey::structure_mode, RecordKey::structure_archetype, RecordKey::electronic_class,
         RecordKey::magnetic_class, RecordKey::correlation_class}) {

@@ -22,7 +22,7 @@ bool is_written(const Value& value) {
 
 /// The structure description, or "" when there is no intent.
 Value description_in(const Module& module, const Fields& query_intent) {
-  if (query_intent.is_empty()) return host::string("");
+  if (query_intent.is_empty()) return host::empty_string();
   return intent_field(module, query_intent, InputKey::structure_description);
 }
 

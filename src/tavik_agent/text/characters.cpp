@@ -24,12 +24,11 @@ bool is_word(const Character& character, const CharacterTables& tables) {
 }  // namespace
 
 std::size_t find_capital(std::string_view text, std::size_t at) {
-  for (; at + mask_width <= text.size(); at += mask_width) {
-    const std::uint64_t capitals = capitals_among(&text[at]);
+  for (; at < text.size(); at += mask_width) {
+    const std::uint64_t capitals = mask_from(text, at, capitals_among);
     if (capitals != 0) return at + static_cast<std::size_t>(std::countr_zero(capitals));
   }
-  while (at < text.size() && !is_ascii_upper(text[at])) ++at;
-  return at;
+  return text.size();
 }
 
 Character character_at(std::string_view text, std::size_t at) {

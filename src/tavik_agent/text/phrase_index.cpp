@@ -41,11 +41,9 @@ std::uint64_t letters_between(std::string_view text, std::size_t begin, std::siz
 
 /// Where blanks stand among the 64 bytes from `at` on, and the end of the text.
 std::uint64_t word_ends(std::string_view text, std::size_t at) {
+  const std::uint64_t blanks = mask_from(text, at, blanks_among);
   const std::size_t left = text.size() - at;
-  if (left >= mask_width) return blanks_among(&text[at]);
-  char last[mask_width] = {};
-  text.copy(last, left, at);
-  return blanks_among(last) | std::uint64_t{1} << left;
+  return left < mask_width ? blanks | std::uint64_t{1} << left : blanks;
 }
 
 /// Calls visit(begin, end) for every word: what lies between two blanks or ends of the text.
