@@ -267,14 +267,14 @@ using States = std::array<State, stretches>;
 /// Takes the four states, `distance` bytes apart, from byte `at` on until a keyword ends at one of
 /// them; where that is, or `end`. Its own copy of the states stays in registers: kept in memory, a
 /// step takes half as long again.
-std::size_t read_to_hit(const char* bytes, std::size_t distance, std::size_t at, std::size_t end,
-                        States& given) {
+std::size_t read_to_hit(std::string_view text, std::size_t distance, std::size_t at,
+                        std::size_t end, States& given) {
   States states = given;
   State combined = 0;
   while (at < end && !automaton.is_hit(combined)) {
     combined = 0;
     for (std::size_t s = 0; s < stretches; ++s) {
-      states[s] = automaton.step(states[s], bytes[s * distance + at]);
+      states[s] = automaton.step(states[s], text[s * distance + at]);
       combined |= states[s];
     }
     ++at;
@@ -291,7 +291,7 @@ void read_in_stretches(std::string_view text, Findings& findings) {
   states.fill(automaton.start());
   states.front() = automaton.text_start();
   for (std::size_t at = 0; at < end;) {
-    at = read_to_hit(text.data(), distance, at, end, states);
+    at = read_to_hit(text, distance, at, end, states);
     for (std::size_t s = 0; s < stretches; ++s) {
       if (automaton.is_hit(states[s])) findings.add(states[s], s * distance + at);
     }
