@@ -124,8 +124,8 @@ _NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "copper": "Cu",
         "silver": "Ag",
         "gold": "Au",
-        # "Zinc blende" is a structure, so the bare name would put zinc into every request for it: only
-        # phrases in which something else follows.
+        # "Zinc blende" is a structure, so the bare name would put zinc into every request for it:
+        # only phrases in which something else follows.
         "elemental zinc": "Zn",
         "metallic zinc": "Zn",
         "hcp zinc": "Zn",
