@@ -1,4 +1,4 @@
-// The module's own tables are searched through an index. Making it takes two milliseconds, more
+// The module's own tables are searched through an index. Making it takes three milliseconds, more
 // than all the rest of loading the module, so it is made in the first search. A table that was put
 // in their place may change at any time, so its rows are read anew in each search.
 #include "material_characterization/phrase_tables.hpp"
