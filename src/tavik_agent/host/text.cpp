@@ -6,6 +6,22 @@
 #include "host/objects.hpp"
 
 namespace tavik::host {
+namespace {
+
+/// Whether the text is the words, a blank and something more, so that each is read as it is alone.
+bool begins_with(const Value& text, const Value& words) {
+  if (!is_exact_ascii(text) || !is_exact_ascii(words) || is_empty(words)) return false;
+  const std::string_view whole = ascii_view(text);
+  const std::string_view part = ascii_view(words);
+  return whole.starts_with(part) && whole.substr(part.size()).starts_with(' ') &&
+         text::strip(part, character_tables()).size() == part.size();
+}
+
+}  // namespace
+
+Text::Text(Value value, Text& other) : value_(std::move(value)) {
+  if (begins_with(value_, other.value_)) beginning_ = &other;
+}
 
 std::string_view Text::utf8() {
   if (!utf8_) utf8_.emplace(value_);
@@ -30,7 +46,12 @@ std::string_view Text::lowered() {
 }
 
 const text::Mentions& Text::mentions() {
-  if (!mentions_) mentions_ = text::find_keywords(lowered(), character_tables());
+  if (!mentions_ && beginning_ != nullptr) {
+    mentions_ = text::find_more_keywords(lowered(), beginning_->lowered().size(),
+                                         beginning_->mentions(), character_tables());
+  } else if (!mentions_) {
+    mentions_ = text::find_keywords(lowered(), character_tables());
+  }
   return *mentions_;
 }
 
@@ -38,7 +59,12 @@ std::string_view Text::phrase_context() { return text::strip(lowered(), characte
 
 const text::PhraseIndex::Rows& Text::phrases(const text::PhraseIndex& index) {
   if (searched_for_ != &index) {
-    phrases_.emplace(index.find(phrase_context()));
+    if (beginning_ != nullptr) {
+      phrases_.emplace(index.find_more(phrase_context(), beginning_->lowered().size(),
+                                       beginning_->phrases(index)));
+    } else {
+      phrases_.emplace(index.find(phrase_context()));
+    }
     searched_for_ = &index;
   }
   return *phrases_;

@@ -18,6 +18,9 @@ class Text {
  public:
   /// Any value is accepted; what is not a string fails in the host's way when it is read.
   explicit Text(Value value) : value_(std::move(value)) {}
+  /// A text that may begin with another one. What was learnt of that is then not worked out again:
+  /// the joined text of a request mostly begins with its query. The other text must live as long.
+  Text(Value value, Text& other);
   Text(const Text&) = delete;  // the views below point into the object itself
   Text& operator=(const Text&) = delete;
 
@@ -39,6 +42,7 @@ class Text {
   void lower();
 
   Value value_;
+  Text* beginning_ = nullptr;
   std::optional<Utf8> utf8_;
   std::optional<std::string_view> lowered_;  ///< into one of the two below, or into utf8_
   std::string lowered_ascii_;

@@ -51,7 +51,7 @@ void join_texts(Characterization& call) {
   Value joined = combine(call.module, parts);
   // A query that stands alone is the joined text, and what is learnt of it is learnt once.
   if (joined.is_same(call.query_text.value())) return;
-  call.combined = &call.joined_text.emplace(std::move(joined));
+  call.combined = &call.joined_text.emplace(std::move(joined), call.query_text);
 }
 
 }  // namespace tavik::characterization

@@ -61,7 +61,8 @@ inline std::uint64_t capitals_among(const char* bytes) { return mask_of(bytes, i
 template <class Mask>
 std::uint64_t mask_from(std::string_view text, std::size_t at, Mask mask) {
   const std::size_t left = text.size() - at;
-  if (left >= mask_width) return mask(text.data() + at);
+  if (left >= mask_width) [[likely]]
+    return mask(text.data() + at);
   char last[mask_width] = {};
   text.copy(last, left, at);
   return mask(last);

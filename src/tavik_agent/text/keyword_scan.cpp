@@ -229,7 +229,8 @@ bool is_accepted(Accepted accepted, std::string_view text, std::size_t begin, st
 /// What was found in a text so far.
 class Findings {
  public:
-  Findings(std::string_view text, const CharacterTables& tables) : text_(text), tables_(tables) {}
+  Findings(std::string_view text, const CharacterTables& tables, Mentions mentions)
+      : text_(text), tables_(tables), mentions_(mentions) {}
 
   /// The keywords that end just before byte `end`, where the automaton is in a hit state.
   void add(State state, std::size_t end) {
@@ -253,9 +254,12 @@ class Findings {
   Mentions mentions_;
 };
 
-void read(std::string_view text, Findings& findings) {
-  State state = automaton.text_start();
-  for (std::size_t at = 0; at < text.size(); ++at) {
+/// In which state the byte at `at` is read when those before it are not.
+State state_at(std::size_t at) { return at == 0 ? automaton.text_start() : automaton.start(); }
+
+void read(std::string_view text, std::size_t begin, Findings& findings) {
+  State state = state_at(begin);
+  for (std::size_t at = begin; at < text.size(); ++at) {
     state = automaton.step(state, text[at]);
     if (automaton.is_hit(state)) findings.add(state, at + 1);
   }
@@ -284,13 +288,13 @@ std::size_t read_to_hit(std::string_view text, std::size_t distance, std::size_t
 }
 
 /// Reads four stretches side by side, each on into the next as far as a keyword can reach.
-void read_in_stretches(std::string_view text, Findings& findings) {
-  const std::size_t distance = (text.size() - longest_keyword) / stretches;
+void read_in_stretches(std::string_view text, std::size_t begin, Findings& findings) {
+  const std::size_t distance = (text.size() - begin - longest_keyword) / stretches;
   const std::size_t end = text.size() - (stretches - 1) * distance;
   States states;
   states.fill(automaton.start());
-  states.front() = automaton.text_start();
-  for (std::size_t at = 0; at < end;) {
+  states.front() = state_at(begin);
+  for (std::size_t at = begin; at < end;) {
     at = read_to_hit(text, distance, at, end, states);
     for (std::size_t s = 0; s < stretches; ++s) {
       if (automaton.is_hit(states[s])) findings.add(states[s], s * distance + at);
@@ -301,12 +305,19 @@ void read_in_stretches(std::string_view text, Findings& findings) {
 }  // namespace
 
 Mentions find_keywords(std::string_view lowered, const CharacterTables& tables) {
+  return find_more_keywords(lowered, 0, {}, tables);
+}
+
+Mentions find_more_keywords(std::string_view lowered, std::size_t size, Mentions found,
+                            const CharacterTables& tables) {
   constexpr std::size_t worth_dividing = 2 * longest_keyword;
-  Findings findings(lowered, tables);
-  if (lowered.size() < worth_dividing) {
-    read(lowered, findings);
+  constexpr std::size_t reach = longest_keyword + 1;  // with the byte before
+  const std::size_t begin = size - std::min(size, reach);
+  Findings findings(lowered, tables, found);
+  if (lowered.size() - begin < worth_dividing) {
+    read(lowered, begin, findings);
   } else {
-    read_in_stretches(lowered, findings);
+    read_in_stretches(lowered, begin, findings);
   }
   return findings.mentions();
 }

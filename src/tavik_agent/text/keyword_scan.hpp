@@ -24,4 +24,9 @@ class Mentions {
 
 Mentions find_keywords(std::string_view lowered, const CharacterTables& tables);
 
+/// The same for a text of which the first `size` bytes were searched as a text of their own. They
+/// must end in no white space, and a blank must follow.
+Mentions find_more_keywords(std::string_view lowered, std::size_t size, Mentions found,
+                            const CharacterTables& tables);
+
 }  // namespace tavik::text

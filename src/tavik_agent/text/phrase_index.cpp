@@ -46,11 +46,16 @@ std::uint64_t word_ends(std::string_view text, std::size_t at) {
   return left < mask_width ? blanks | std::uint64_t{1} << left : blanks;
 }
 
-/// Calls visit(begin, end) for every word: what lies between two blanks or ends of the text.
+/// Where the first word starts of which no part lies before `at`; behind the end when none does.
+std::size_t first_word_behind(std::string_view text, std::size_t at) {
+  return at == 0 ? 0 : std::min(text.find(blank, at - 1), text.size()) + 1;
+}
+
+/// Calls visit(begin, end) for every word from `begin` on, where one starts: what lies between two
+/// blanks or ends of the text.
 template <class Visit>
-void for_each_word(std::string_view text, Visit visit) {
-  std::size_t begin = 0;
-  for (std::size_t at = 0; at <= text.size(); at += mask_width) {
+void for_each_word(std::string_view text, std::size_t begin, Visit visit) {
+  for (std::size_t at = begin; at <= text.size(); at += mask_width) {
     for (std::uint64_t ends = word_ends(text, at); ends != 0; ends &= ends - 1) {
       const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(ends));
       visit(std::exchange(begin, end + 1), end);
@@ -114,7 +119,7 @@ void PhraseIndex::enter(Row row) {
   const std::string_view phrase = phrases_[row];
   longest_ = std::max(longest_, phrase.size());
   PhraseFilter::Key words = PhraseFilter::no_words;
-  for_each_word(phrase, [&](std::size_t begin, std::size_t end) {
+  for_each_word(phrase, 0, [&](std::size_t begin, std::size_t end) {
     words = PhraseFilter::with_word(words, letters_between(phrase, begin, end));
     filter_->add(words, end == phrase.size() ? PhraseFilter::phrase : PhraseFilter::beginning);
   });
@@ -154,11 +159,10 @@ void PhraseIndex::extend(Beginnings& beginnings, std::string_view text, std::siz
 }
 
 // Four words of five take neither branch; told so, the compiler keeps what those need in registers.
-PhraseIndex::Rows PhraseIndex::find(std::string_view text) const {
+void PhraseIndex::search(std::string_view text, std::size_t start, Found& found) const {
   const PhraseFilter& filter = *filter_;
-  Found found;
   Beginnings beginnings;
-  for_each_word(text, [&](std::size_t begin, std::size_t end) {
+  for_each_word(text, start, [&](std::size_t begin, std::size_t end) {
     const PhraseFilter::Letters letters = letters_between(text, begin, end);
     const auto word = PhraseFilter::with_word(PhraseFilter::no_words, letters);
     if (!beginnings.empty()) [[unlikely]] {
@@ -168,6 +172,13 @@ PhraseIndex::Rows PhraseIndex::find(std::string_view text) const {
       if (follow(text, begin, end, word, found)) beginnings.push_back({begin, word});
     }
   });
+}
+
+PhraseIndex::Rows PhraseIndex::find_more(std::string_view text, std::size_t size,
+                                         const Rows& found_there) const {
+  Found found;
+  for (const Row row : found_there) found.add(row);
+  search(text, first_word_behind(text, size - std::min(size, longest_)), found);
   return found.take();
 }
 

@@ -71,7 +71,10 @@ class PhraseIndex {
 
   std::string_view phrase(Row row) const { return phrases_[row]; }
   /// The rows whose phrase occurs in `text`, in ascending order.
-  Rows find(std::string_view text) const;
+  Rows find(std::string_view text) const { return find_more(text, 0, {}); }
+  /// The same for a text of which the first `size` bytes, which a blank must follow, were searched
+  /// as a text of their own.
+  Rows find_more(std::string_view text, std::size_t size, const Rows& found_there) const;
 
  private:
   class Found;
@@ -84,6 +87,7 @@ class PhraseIndex {
   static constexpr Row unused = static_cast<Row>(-1);
 
   void enter(Row row);
+
   /// Words that a phrase may begin with, and where in the text they stand.
   struct Beginning {
     std::size_t begin;
@@ -91,6 +95,7 @@ class PhraseIndex {
   };
   using Beginnings = ShortList<Beginning>;
 
+  void search(std::string_view text, std::size_t start, Found& found) const;
   void extend(Beginnings& beginnings, std::string_view text, std::size_t end,
               PhraseFilter::Letters letters, Found& found) const;
   bool follow(std::string_view text, std::size_t begin, std::size_t end, PhraseFilter::Key words,
