@@ -45,14 +45,13 @@ std::string_view Text::lowered() {
   return *lowered_;
 }
 
-const text::Mentions& Text::mentions() {
-  if (!mentions_ && beginning_ != nullptr) {
+void Text::find_keywords() {
+  if (beginning_ == nullptr) {
+    mentions_ = text::find_keywords(lowered(), character_tables());
+  } else {
     mentions_ = text::find_more_keywords(lowered(), beginning_->lowered().size(),
                                          beginning_->mentions(), character_tables());
-  } else if (!mentions_) {
-    mentions_ = text::find_keywords(lowered(), character_tables());
   }
-  return *mentions_;
 }
 
 std::string_view Text::phrase_context() { return text::strip(lowered(), character_tables()); }

@@ -32,7 +32,10 @@ class Text {
   std::string_view lowered();
   /// Whether a keyword of the group occurs in the lowered text.
   bool mentions(text::Group group) { return mentions().has(group); }
-  const text::Mentions& mentions();
+  const text::Mentions& mentions() {
+    if (!mentions_) find_keywords();
+    return *mentions_;
+  }
   /// The lowered text without white space at its ends, as phrases are looked for in it.
   std::string_view phrase_context();
   /// The rows of an index whose phrases occur there.
@@ -40,6 +43,7 @@ class Text {
 
  private:
   void lower();
+  void find_keywords();
 
   Value value_;
   Text* beginning_ = nullptr;

@@ -30,7 +30,6 @@ void Fields::walk(const Module& module) const {
 
 /// Whether the fields are those that the mapping has now.
 bool Fields::are_known(const Module& module) const {
-  if (!mapping_) return true;
   if (!host::is_exact_dict(mapping_) || host::length_of_exact(mapping_) > few) return false;
   if (version_ != host::version_of(mapping_)) walk(module);
   return version_ != 0;
@@ -41,13 +40,14 @@ const Value* Fields::find(InputKey key) const {
   return field == fields_.end() ? nullptr : &field->value;
 }
 
-Value Fields::get(const Module& module, InputKey key) const {
+Value Fields::get_in_mapping(const Module& module, InputKey key) const {
   if (!are_known(module)) return module.read(mapping_, key);
   const Value* const found = find(key);
   return found != nullptr ? found->another() : Value::null();
 }
 
 bool Fields::has(const Module& module, InputKey key) const {
+  if (!mapping_) return false;
   return are_known(module) ? find(key) != nullptr : module.has_key(mapping_, key);
 }
 

@@ -20,7 +20,9 @@ class Fields {
   /// not mapping
   bool is_empty() const { return !mapping_ || host::is_empty(mapping_); }
   /// mapping.get(key)
-  host::Value get(const Module& module, InputKey key) const;
+  host::Value get(const Module& module, InputKey key) const {
+    return mapping_ ? get_in_mapping(module, key) : host::Value::null();
+  }
   /// key in mapping
   bool has(const Module& module, InputKey key) const;
   /// The mapping itself.
@@ -32,6 +34,7 @@ class Fields {
     host::Value value;
   };
 
+  host::Value get_in_mapping(const Module& module, InputKey key) const;
   bool are_known(const Module& module) const;
   void walk(const Module& module) const;
   const host::Value* find(InputKey key) const;
