@@ -11,7 +11,8 @@ namespace tavik::characterization {
 /// A free-text field: its text form, stripped and in lower case; "" when it is missing or empty.
 inline Value intent_field(const Module& module, const Fields& query_intent, InputKey key) {
   const Value value = query_intent.get(module, key);
-  return host::lower(host::strip(host::text_form_or_empty(value)));
+  if (host::is_empty(value)) return host::empty_string();
+  return host::lower(host::strip(host::text_form(value)));
 }
 
 /// Whether the complexity marks a request for which heuristics are to hold back.
