@@ -19,6 +19,7 @@
 namespace tavik::bindings {
 
 using characterization::Module;
+using host::Lent;
 using host::Text;
 using host::Value;
 
@@ -52,14 +53,26 @@ using Nesting = std::array<Nested, 2>;
 /// The state of a loaded module.
 Module& state_of(PyObject* module);
 
-/// How a parameter is held while the function runs.
+/// How a parameter is held while the function runs: a plain value as the caller holds it, all else
+/// with a reference of its own.
 template <class Parameter>
-using Held = std::remove_cvref_t<Parameter>;
+constexpr bool is_plain = std::is_same_v<std::remove_cvref_t<Parameter>, Value>;
+template <class Parameter>
+using Held = std::conditional_t<is_plain<Parameter>, Lent, std::remove_cvref_t<Parameter>>;
+
+template <class Parameter>
+auto hold(const Lent& argument) {
+  if constexpr (is_plain<Parameter>) {
+    return argument;
+  } else {
+    return argument.value().another();
+  }
+}
 
 template <class Result, class... Parameters, std::size_t... I>
-Value apply(Result (*function)(const Module&, Parameters...), const Module& module, Bound& bound,
-            std::index_sequence<I...>) {
-  std::tuple<Held<Parameters>...> held(std::move(bound[I])...);
+Value apply(Result (*function)(const Module&, Parameters...), const Module& module,
+            const Bound& bound, std::index_sequence<I...>) {
+  std::tuple<Held<Parameters>...> held(hold<Parameters>(bound[I])...);
   return characterization::host_value(module, function(module, std::get<I>(held)...));
 }
 
@@ -77,7 +90,7 @@ PyObject* enter(PyObject* self, PyObject* const* values, Py_ssize_t positional,
       [&] {
         const Nesting nesting;
         const Module& module = state_of(self);
-        Bound bound =
+        const Bound bound =
             bind(signature, {values, static_cast<std::size_t>(positional), keyword_names});
         return apply(Function, module, bound, std::make_index_sequence<signature.count>{})
             .release();

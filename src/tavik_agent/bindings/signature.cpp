@@ -13,10 +13,11 @@ namespace tavik::bindings {
 namespace {
 
 using host::check;
+using host::Lent;
 using host::Value;
 
-Value default_of(const Parameter& parameter) {
-  return parameter.otherwise == Default::null ? Value::null() : host::empty_string();
+Lent default_of(const Parameter& parameter) {
+  return parameter.otherwise == Default::null ? Lent(Py_None) : host::lasting_empty_string();
 }
 
 Value number(std::size_t value) { return Value::steal(PyLong_FromSize_t(value)); }
@@ -83,14 +84,14 @@ std::optional<std::size_t> find_parameter(const Signature& signature, const Valu
 bool fill(const Signature& signature, const Arguments& arguments, Bound& bound) {
   if (arguments.positional > signature.positional) return false;
   for (std::size_t i = 0; i < arguments.positional; ++i) {
-    bound[i] = Value::borrow(arguments.values[i]);
+    bound[i] = Lent(arguments.values[i]);
   }
   std::size_t expected = arguments.positional;
   for (std::size_t i = 0; i < arguments.keywords(); ++i) {
-    const Value keyword = Value::borrow(PyTuple_GET_ITEM(arguments.keyword_names, i));
+    const Lent keyword(PyTuple_GET_ITEM(arguments.keyword_names, i));
     const auto parameter = find_parameter(signature, keyword, expected);
     if (!parameter || bound[*parameter]) return false;
-    bound[*parameter] = Value::borrow(arguments.values[arguments.positional + i]);
+    bound[*parameter] = Lent(arguments.values[arguments.positional + i]);
     expected = *parameter + 1;
   }
   for (std::size_t i = 0; i < signature.count; ++i) {

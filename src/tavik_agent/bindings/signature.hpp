@@ -88,7 +88,8 @@ struct Arguments {
   std::size_t keywords() const;
 };
 
-using Bound = std::array<host::Value, Signature::most_parameters>;
+/// The caller keeps what it passed alive during the call; defaults live for ever.
+using Bound = std::array<host::Lent, Signature::most_parameters>;
 
 /// The value of each parameter. Throws with the host's TypeError when the call does not fit.
 Bound bind(const Signature& signature, const Arguments& arguments);

@@ -41,7 +41,8 @@ inline std::uint64_t version_of(const Value& dict) {
 }
 
 /// function(...), each argument by position or, where it has a name, by keyword.
-Value call_with_keywords(const Value& function, std::initializer_list<PyObject*> arguments,
-                         std::initializer_list<const char*> names);
+[[gnu::cold]] Value call_with_keywords(const Value& function,
+                                       std::initializer_list<PyObject*> arguments,
+                                       std::initializer_list<const char*> names);
 
 }  // namespace tavik::host

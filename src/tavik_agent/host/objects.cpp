@@ -64,7 +64,7 @@ bool is_subset(const Value& set, const Value& collection) {
   return !is_empty(call_method(set, "issubset", collection));
 }
 
-std::size_t length(const Value& sized) {
+std::size_t length_in_host(const Value& sized) {
   return static_cast<std::size_t>(check(PyObject_Size(sized.get())));
 }
 
@@ -121,8 +121,6 @@ void set(const Value& dict, const Value& key, const Value& value) {
 void set_default(const Value& dict, const Value& key, const Value& value) {
   check(PyDict_SetDefaultRef(dict.get(), key.get(), value.get(), nullptr));
 }
-
-Value boolean(bool value) { return Value::borrow(value ? Py_True : Py_False); }
 
 Value real(double value) { return Value::steal(PyFloat_FromDouble(value)); }
 

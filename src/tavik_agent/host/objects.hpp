@@ -43,7 +43,9 @@ inline bool is_empty(const Value& value) {
   return value.is_null() || check(PyObject_IsTrue(object)) == 0;
 }
 
-inline Value empty_string() { return Value::steal(PyUnicode_New(0, 0)); }
+/// The host keeps one empty string for ever.
+inline Lent lasting_empty_string() { return Lent(Py_GetConstantBorrowed(Py_CONSTANT_EMPTY_STR)); }
+inline Value empty_string() { return lasting_empty_string().value().another(); }
 /// The host's string conversion.
 inline Value text_form(const Value& value) {
   return is_exact_string(value) ? value.another() : Value::steal(PyObject_Str(value.get()));
@@ -53,7 +55,7 @@ inline Value text_form_or_empty(const Value& value) {
   return is_empty(value) ? empty_string() : text_form(value);
 }
 
-bool equals_in_host(const Value& value, std::string_view text);
+[[gnu::cold]] bool equals_in_host(const Value& value, std::string_view text);
 /// value == text, where the text is ASCII
 inline bool equals(const Value& value, std::string_view text) {
   if (is_exact_string(value)) return is_exact_ascii(value) && ascii_view(value) == text;
@@ -111,7 +113,12 @@ Values exact_strings_in(const Value& items);
 /// set.issubset(collection)
 bool is_subset(const Value& set, const Value& collection);
 
-std::size_t length(const Value& sized);
+std::size_t length_in_host(const Value& sized);
+/// len(sized)
+inline std::size_t length(const Value& sized) {
+  return is_exact_list(sized) ? static_cast<std::size_t>(PyList_GET_SIZE(sized.get()))
+                              : length_in_host(sized);
+}
 inline std::size_t length_of_exact(const Value& dict) {
   return static_cast<std::size_t>(PyDict_GET_SIZE(dict.get()));
 }
@@ -147,7 +154,7 @@ void set(const Value& dict, const Value& key, const Value& value);
 /// dict.setdefault(key, value)
 void set_default(const Value& dict, const Value& key, const Value& value);
 
-Value boolean(bool value);
+inline Lent boolean(bool value) { return Lent(value ? Py_True : Py_False); }
 Value real(double value);
 /// float(value)
 double as_real(const Value& value);
@@ -189,7 +196,8 @@ Value call_method(const Value& value, const char* name, const Values&... argumen
 template <class Right>
 bool union_contains(const Value& left, Right right, const Value& item) {
   const Value unite = is_exact_set(left) ? Value() : attribute(left, "union");
-  const Value other = right();
+  const auto held = right();
+  const Value& other = held;
   if (unite) return contains(call(unite, other), item);
   if (is_exact_set(other)) return contains(left, item) || contains(other, item);
   return contains(call_method(left, "union", other), item);

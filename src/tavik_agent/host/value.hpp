@@ -33,7 +33,8 @@ class Value {
     return Value(object);
   }
   static Value borrow(PyObject* object) { return Value(Py_NewRef(object)); }
-  static Value null() { return borrow(Py_None); }
+  /// Of the host's null, which lives for ever, references are not counted.
+  static Value null() { return Value(Py_None); }
 
   Value another() const { return borrow(object_); }
   PyObject* get() const { return object_; }
@@ -45,8 +46,30 @@ class Value {
   bool is_same(const Value& other) const { return object_ == other.object_; }
 
  private:
+  friend class Lent;
   explicit Value(PyObject* object) : object_(object) {}
   PyObject* object_ = nullptr;
+};
+
+/// A value that somebody else keeps alive meanwhile, such as an argument; it is not counted.
+class Lent {
+ public:
+  Lent() = default;
+  explicit Lent(PyObject* object) : value_(object) {}
+  Lent(const Lent& other) : value_(other.value_.get()) {}
+  Lent& operator=(const Lent& other) {
+    value_.release();
+    value_.object_ = other.value_.get();
+    return *this;
+  }
+  ~Lent() { value_.release(); }
+
+  const Value& value() const { return value_; }
+  operator const Value&() const { return value_; }
+  explicit operator bool() const { return static_cast<bool>(value_); }
+
+ private:
+  Value value_;
 };
 
 using Values = text::ShortList<Value>;

@@ -75,8 +75,8 @@ inline host::Value answer(const Module&, host::Value value) { return value; }
 template <auto Function, class... Arguments>
 auto invoke(const Module& module, Global name, Arguments&&... arguments) {
   using Answer = decltype(calls::answer(module, Function(module, calls::plain(arguments)...)));
-  const host::Value current = module.look_up(name);
-  if (module.is_own(name, current)) {
+  const Current current = module.look_up(name);
+  if (current.is_own()) {
     return calls::answer(module, Function(module, calls::plain(arguments)...));
   }
   return Answer(host::call_with_keywords(current, {calls::object(calls::plain(arguments))...},

@@ -50,12 +50,12 @@ struct Characterization : Inputs {
   Verdict magnetic_class;
   Verdict material_family;
 
-  Value requested_energy_unit;
-  Value explicit_spin_mode;
-  Value confidence;
+  Wish requested_energy_unit = Wish::none;
+  Wish explicit_spin_mode = Wish::none;
+  unsigned confidence = 0;  ///< in hundredths
 
   Value step;
-  Value intent_driven;
+  bool intent_driven = false;
   Value evidence;
 
   void report(std::string_view prefix, const Value& value, std::string_view suffix = "") {

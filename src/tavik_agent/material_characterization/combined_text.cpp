@@ -26,9 +26,9 @@ void append_part(const Module& module, host::Values& fragments, const Value& par
 }
 
 Value combine(const Module& module, const std::array<Value, 4>& parts) {
-  const Value current = module.look_up(Global::_combined_text);
-  if (module.is_own(Global::_combined_text, current)) return _combined_text(module, parts);
-  return host::call(current, parts[0], parts[1], parts[2], parts[3]);
+  const Current current = module.look_up(Global::_combined_text);
+  if (current.is_own()) return _combined_text(module, parts);
+  return host::call(current.value(), parts[0], parts[1], parts[2], parts[3]);
 }
 
 }  // namespace

@@ -11,12 +11,9 @@ namespace {
 
 using text::Group;
 
-constexpr const char* electronvolt = "eV";
-constexpr const char* hartree = "Hartree";
-
-void take_unit(Characterization& call, const char* unit, const char* prefix, const char* suffix) {
-  call.requested_energy_unit = host::string(unit);
-  call.report(prefix, call.requested_energy_unit, suffix);
+void take_unit(Characterization& call, Wish unit, const char* prefix, const char* suffix) {
+  call.requested_energy_unit = unit;
+  call.report(prefix, call.module.wish(unit), suffix);
 }
 
 /// The intent's energy unit in lower case, with blanks for hyphens.
@@ -32,39 +29,37 @@ Value normalized_intent_energy_unit(const Characterization& call) {
 }  // namespace
 
 void decide_energy_unit(Characterization& call) {
-  const Value unit = normalized_intent_energy_unit(call);
-  const auto from_intent = [&](const char* name) {
-    take_unit(call, name, "user query requested ", " energy semantics (LLM intent)");
+  const Value wanted = normalized_intent_energy_unit(call);
+  const auto from_intent = [&](Wish unit) {
+    take_unit(call, unit, "user query requested ", " energy semantics (LLM intent)");
   };
-  const auto from_prose = [&](const char* name) {
-    take_unit(call, name, "query requested ", " energy semantics (prose fallback)");
+  const auto from_prose = [&](Wish unit) {
+    take_unit(call, unit, "query requested ", " energy semantics (prose fallback)");
   };
-  if (host::equals_any(unit, {"ev", "electron volt", "electron volts"})) {
-    from_intent(electronvolt);
-  } else if (host::equals_any(unit, {"ha", "hartree", "hartrees", "atomic unit", "atomic units",
-                                     "a.u.", "au"})) {
-    from_intent(hartree);
+  if (host::equals_any(wanted, {"ev", "electron volt", "electron volts"})) {
+    from_intent(Wish::electronvolt);
+  } else if (host::equals_any(wanted, {"ha", "hartree", "hartrees", "atomic unit", "atomic units",
+                                       "a.u.", "au"})) {
+    from_intent(Wish::hartree);
   } else if (call.combined->mentions(Group::electronvolt)) {
-    from_prose(electronvolt);
+    from_prose(Wish::electronvolt);
   } else if (call.combined->mentions(Group::hartree)) {
-    from_prose(hartree);
-  } else {
-    call.requested_energy_unit = host::empty_string();
+    from_prose(Wish::hartree);
   }
 }
 
 void decide_spin_mode(Characterization& call) {
-  const auto mode = [&]() -> const char* {
-    if (host::equals(call.intent_magnetism, "non-collinear")) return "non-collinear";
+  const auto mode = [&] {
+    if (host::equals(call.intent_magnetism, "non-collinear")) return Wish::non_collinear;
     if (host::equals_any(call.intent_magnetism,
                          {"ferromagnetic", "antiferromagnetic", "ferrimagnetic"})) {
-      return "collinear";
+      return Wish::collinear;
     }
-    if (call.combined->mentions(Group::noncollinear)) return "non-collinear";
-    if (call.combined->mentions(Group::collinear)) return "collinear";
-    return "";
+    if (call.combined->mentions(Group::noncollinear)) return Wish::non_collinear;
+    if (call.combined->mentions(Group::collinear)) return Wish::collinear;
+    return Wish::none;
   };
-  call.explicit_spin_mode = host::string(mode());
+  call.explicit_spin_mode = mode();
 }
 
 }  // namespace tavik::characterization

@@ -18,9 +18,9 @@ class FormulaHint {
 
   /// hint in TABLE. Of the module's own tables the answer is kept, as they cannot change.
   bool is_in(const Module& module, Global table) const {
-    const host::Value current = module.look_up(table);
-    const bool is_constant = module.is_own(table, current) && host::is_exact_frozen_set(current) &&
-                             host::is_exact_string(value_);
+    const Current current = module.look_up(table);
+    const bool is_constant =
+        current.is_own() && host::is_exact_frozen_set(current) && host::is_exact_string(value_);
     if (!is_constant) return host::contains(current, value_);
     Answer& answer = answers_[static_cast<std::size_t>(table) - first_table];
     if (answer == Answer::none) {
@@ -32,7 +32,7 @@ class FormulaHint {
   /// hint in SEMICONDUCTOR_FORMULAS.union(INSULATOR_FORMULAS)
   bool is_semiconductor_or_insulator(const Module& module) const {
     const auto insulators = [&] { return module.look_up(Global::INSULATOR_FORMULAS); };
-    const host::Value semiconductors = module.look_up(Global::SEMICONDUCTOR_FORMULAS);
+    const Current semiconductors = module.look_up(Global::SEMICONDUCTOR_FORMULAS);
     if (host::is_exact_set(semiconductors) && host::is_exact_set(insulators())) {
       return is_in(module, Global::SEMICONDUCTOR_FORMULAS) ||
              is_in(module, Global::INSULATOR_FORMULAS);

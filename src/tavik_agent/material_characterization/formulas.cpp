@@ -37,8 +37,8 @@ Value symbol_string(const Module& module, std::string_view symbol) {
 
 /// What stands in place of `_formula_parts`; no object when nothing does.
 Value replacement(const Module& module) {
-  Value current = module.look_up(Global::_formula_parts);
-  return module.is_own(Global::_formula_parts, current) ? Value() : std::move(current);
+  const Current current = module.look_up(Global::_formula_parts);
+  return current.is_own() ? Value() : current.value().another();
 }
 
 bool is_acronym(const Module& module, std::string_view token) {

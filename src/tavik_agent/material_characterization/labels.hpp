@@ -47,19 +47,21 @@ TAVIK_VOCABULARY(Decision, TAVIK_DECISIONS)
 constexpr std::string_view text_of(Label label) { return host::Indexed<Label>::text(label); }
 
 /// What a classifier answered. The module's own labels are told apart by their numbers, not by
-/// their letters; whatever a function in a classifier's place returned is compared by the host.
+/// their letters, and their strings stay with the module; whatever a function in a classifier's
+/// place returned is compared by the host.
 class Verdict {
  public:
   Verdict() = default;
-  explicit Verdict(host::Value value) : value_(std::move(value)) {}
-  Verdict(Label label, const host::Value& string) : value_(string.another()), own_(label) {}
+  explicit Verdict(host::Value value) : other_(std::move(value)) {}
+  Verdict(Label label, const host::Value& string) : string_(&string), own_(label) {}
 
-  const host::Value& value() const { return value_; }
+  const host::Value& value() const { return own_ ? *string_ : other_; }
   /// The number of one of the module's own labels.
   std::optional<Label> own() const { return own_; }
 
  private:
-  host::Value value_;
+  const host::Value* string_ = nullptr;
+  host::Value other_;
   std::optional<Label> own_;
 };
 

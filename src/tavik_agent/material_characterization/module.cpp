@@ -18,7 +18,7 @@ Module::Module(Value names)
       labels_(host::interned<Label>()),
       record_keys_(host::interned<RecordKey>()),
       input_keys_(host::interned<InputKey>()),
-      record_(record_keys_, labels_) {
+      wishes_(host::interned<Wish>()) {
   for (const Global name : host::all_words<Global>()) {
     own_[name] = host::look_up(namespace_, names_[name]);
   }
@@ -27,6 +27,9 @@ Module::Module(Value names)
       messages_[static_cast<std::size_t>(decision)][label] =
           host::message(host::Indexed<Decision>::text(decision), labels_[label]);
     }
+  }
+  for (std::size_t i = 0; i < confidences_.size(); ++i) {
+    confidences_[i] = host::real(static_cast<double>(5 * i) / 100.0);
   }
   element_symbols_ = ElementSymbols::read(own_[Global::KNOWN_ELEMENT_SYMBOLS]);
 }
@@ -40,10 +43,11 @@ void Module::examine_namespace() const {
   untouched_version_ = version;
 }
 
-Value Module::look_up_in_namespace(Global name) const {
+Current Module::look_up_in_namespace(Global name) const {
   Value current = host::look_up(namespace_, names_[name]);
-  if (is_own(name, current)) examine_namespace();
-  return current;
+  if (!current.is_same(own_[name])) return Current(std::move(current));
+  examine_namespace();
+  return Current(&own_[name]);
 }
 
 Value Module::message_about(Decision decision, const Verdict& label) const {
@@ -67,8 +71,8 @@ std::optional<InputKey> Module::input_key(const Value& string) const {
 bool Module::is_mapping(const Value& value) const { return host::is_mapping(value, mapping_type_); }
 
 void Module::for_each_phrase(Global name, host::Text& text, const PhraseVisitor& visit) const {
-  const Value table = look_up(name);
-  if (!is_own(name, table)) return for_each_match(table, text, visit);
+  const Current table = look_up(name);
+  if (!table.is_own()) return for_each_match(table, text, visit);
   const PhraseTables& own = phrase_tables_.get([&] {
     return PhraseTables(own_[Global::FORMULA_ALIASES], own_[Global::ELEMENT_NAME_ALIASES]);
   });

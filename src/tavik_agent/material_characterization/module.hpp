@@ -1,7 +1,8 @@
 // All that one loaded module holds: its namespace, what it put there itself, the strings it shares
-// with its host, and the index over its own phrase tables. Made when the module is loaded and only
-// read afterwards, so calls on several threads need no lock; the exceptions are the index, which
-// the first call that needs it publishes atomically, and the atomic versions of the namespace.
+// with its host, the index over its own phrase tables and the templates of records. Made when the
+// module is loaded and only read afterwards, so calls on several threads need no lock; the
+// exceptions are the index and the templates, which the first call that needs them publishes
+// atomically, and the atomic versions of the namespace.
 #pragma once
 
 #include <array>
@@ -18,8 +19,25 @@
 #include "material_characterization/names.hpp"
 #include "material_characterization/phrase_tables.hpp"
 #include "material_characterization/record_template.hpp"
+#include "material_characterization/wishes.hpp"
 
 namespace tavik::characterization {
+
+/// What a name is bound to at the moment: what the module was loaded with, which it keeps alive by
+/// itself, or something else.
+class Current {
+ public:
+  explicit Current(const host::Value* own) : own_(own) {}
+  explicit Current(host::Value other) : other_(std::move(other)) {}
+
+  bool is_own() const { return own_ != nullptr; }
+  const host::Value& value() const { return is_own() ? *own_ : other_; }
+  operator const host::Value&() const { return value(); }
+
+ private:
+  const host::Value* own_ = nullptr;
+  host::Value other_;
+};
 
 class Module {
  public:
@@ -34,18 +52,24 @@ class Module {
     return host::version_of(namespace_) == untouched_version_.load(std::memory_order_acquire);
   }
   /// What the name is bound to now; a NameError when it is not bound any more.
-  host::Value look_up(Global name) const {
-    return is_untouched() ? own_[name].another() : look_up_in_namespace(name);
+  Current look_up(Global name) const {
+    return is_untouched() ? Current(&own_[name]) : look_up_in_namespace(name);
   }
-  /// Whether that is still what the module was loaded with.
-  bool is_own(Global name, const host::Value& current) const { return current.is_same(own_[name]); }
 
   const host::Value& label(Label label) const { return labels_[label]; }
   const host::Value& key(RecordKey key) const { return record_keys_[key]; }
 
-  /// A new record, and what it holds under a key.
-  host::Value new_record() const { return record_.copy(); }
-  const host::Value& usual(RecordKey key) const { return record_.usual(key); }
+  const host::Value& wish(Wish wish) const { return wishes_[wish]; }
+  /// In hundredths, a multiple of five.
+  const host::Value& confidence(unsigned hundredths) const { return confidences_[hundredths / 5]; }
+
+  /// The template with a number; there are few, so different numbers can mean the same one. The
+  /// first call that needs it has it made.
+  template <class Make>
+  const RecordTemplate& record_template(std::size_t number, Make usual_values) const {
+    return record_templates_[number % record_templates_.size()].get(
+        [&] { return RecordTemplate(record_keys_, usual_values()); });
+  }
   /// The evidence for a decision. Messages about the module's own labels are made when it is
   /// loaded: a call reports up to six, and making one takes as long as eight look-ups.
   host::Value message_about(Decision decision, const Verdict& label) const;
@@ -67,8 +91,7 @@ class Module {
   /// The symbols that KNOWN_ELEMENT_SYMBOLS is bound to, when they are the module's own; otherwise
   /// none, and the host's collection is to be asked.
   const ElementSymbols* own_element_symbols() const {
-    const bool is_ours =
-        is_own(Global::KNOWN_ELEMENT_SYMBOLS, look_up(Global::KNOWN_ELEMENT_SYMBOLS));
+    const bool is_ours = look_up(Global::KNOWN_ELEMENT_SYMBOLS).is_own();
     return is_ours && element_symbols_ ? &*element_symbols_ : nullptr;
   }
 
@@ -92,8 +115,11 @@ class Module {
     each(record_keys_);
     each(input_keys_);
     for (auto& messages : messages_) each(messages);
-    one(record_.held_record());
-    each(record_.held_values());
+    each(wishes_);
+    each(confidences_);
+    for (auto& slot : record_templates_) {
+      if (RecordTemplate* const record = slot.made()) record->for_each_held(one);
+    }
     if (element_symbols_) each(element_symbols_->held());
     if (PhraseTables* const tables = phrase_tables_.made()) tables->for_each_held(one);
     one(mapping_type_);
@@ -102,7 +128,7 @@ class Module {
   }
 
  private:
-  host::Value look_up_in_namespace(Global name) const;
+  [[gnu::cold]] Current look_up_in_namespace(Global name) const;
   /// After a change of the namespace: notes its version if the change left every name as it was.
   void examine_namespace() const;
 
@@ -114,7 +140,9 @@ class Module {
   host::Indexed<RecordKey> record_keys_;
   host::Indexed<InputKey> input_keys_;
   std::array<host::Indexed<Label>, host::Indexed<Decision>::size> messages_;
-  RecordTemplate record_;
+  host::Indexed<Wish> wishes_;
+  std::array<host::Value, 20> confidences_;  ///< 0 to 0.95
+  mutable std::array<MadeOnce<RecordTemplate>, 64> record_templates_;
   std::optional<ElementSymbols> element_symbols_;
   mutable MadeOnce<PhraseTables> phrase_tables_;
   mutable std::atomic<std::uint64_t> untouched_version_ = 0;

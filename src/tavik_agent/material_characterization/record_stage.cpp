@@ -1,6 +1,6 @@
 // The confidence score, the record, and its merge into an earlier characterization.
+#include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "host/ordered_set.hpp"
 #include "host/strings.hpp"
@@ -17,15 +17,54 @@ constexpr std::array other_keys_always_present{RecordKey::species, RecordKey::fo
                                                RecordKey::requested_energy_unit,
                                                RecordKey::explicit_spin_mode};
 
-const Value& host_object(const Value& value) { return value; }
-const Value& host_object(Value&& value) = delete;  // it would not outlive the call
-const Value& host_object(const auto& learnt_of) { return learnt_of.value(); }
+// The host's object for a working value.
+const Value& host_object(const Module&, const Value& value) { return value; }
+const Value& host_object(const Module&, const Verdict& label) { return label.value(); }
+const Value& host_object(const Module&, const FormulaHint& hint) { return hint.value(); }
+const Value& host_object(const Module& module, Wish wish) { return module.wish(wish); }
+const Value& host_object(const Module& module, unsigned hundredths) {
+  return module.confidence(hundredths);
+}
+host::Lent host_object(const Module&, bool truth) { return host::boolean(truth); }
+
+// What a template holds for it: the module's own words, and nothing of the material's.
+Value template_value(const Module&, const Value&) { return host::empty_string(); }
+Value template_value(const Module&, const FormulaHint&) { return host::empty_string(); }
+Value template_value(const Module& module, const Verdict& label) {
+  return module.label(label.own().value_or(Label::unknown)).another();
+}
+Value template_value(const Module& module, auto word) {
+  const auto& held = host_object(module, word);
+  const Value& value = held;
+  return value.another();
+}
+
+/// Different for nearly all sets of labels, wishes and confidences.
+std::size_t template_number(const Characterization& call) {
+  std::uint64_t number = call.confidence / 5;
+  const auto add = [&](auto word) { number = number * 32 + static_cast<std::uint64_t>(word); };
+  for (const Verdict* const label :
+       {&call.structure_mode, &call.structure_archetype, &call.electronic_class,
+        &call.magnetic_class, &call.correlation_class, &call.material_family}) {
+    add(label->own().value_or(Label::unknown));
+  }
+  add(call.requested_energy_unit);
+  add(call.explicit_spin_mode);
+  add(call.intent_driven);
+  return static_cast<std::size_t>(number * 0x9E3779B97F4A7C15U >> 32);
+}
+
+const RecordTemplate& record_template(const Characterization& call) {
+  return call.module.record_template(template_number(call), [&] {
+    RecordTemplate::Values values;
+#define TAVIK_TAKE(name) values[RecordKey::name] = template_value(call.module, call.name);
+    TAVIK_RECORD_KEYS(TAVIK_TAKE, )
+#undef TAVIK_TAKE
+    return values;
+  });
+}
 
 bool is_decided(const Verdict& label) { return !is(label, Label::unknown); }
-
-/// To two decimal places. Sums of the increments lie within rounding residue of a multiple of 0.05,
-/// never near the middle of two hundredths, so this gives the host's own rounding.
-double rounded(double value) { return std::nearbyint(value * 100.0) / 100.0; }
 
 bool is_intent_driven(const Characterization& call) {
   return !call.intent_species.empty() || !host::is_empty(call.intent_formula) ||
@@ -46,7 +85,8 @@ Value merged_evidence(const Characterization& call) {
 Value merged_confidence(const Characterization& call) {
   const Value earlier = call.module.read(call.base_characterization, RecordKey::confidence);
   const double base = host::is_empty(earlier) ? 0.0 : host::as_real(earlier);
-  return host::as_real(call.confidence) > base ? call.confidence.another() : host::real(base);
+  const Value& own = call.module.confidence(call.confidence);
+  return host::as_real(own) > base ? own.another() : host::real(base);
 }
 
 /// Writes what the record decided; what it left open erases nothing.
@@ -63,27 +103,27 @@ void update_with_decisions(const Module& module, const Value& merged, const Valu
 }  // namespace
 
 void score_confidence(Characterization& call) {
-  double confidence = 0.25;
-  if (!host::is_empty(call.species)) confidence += 0.2;
-  if (is_decided(call.structure_mode)) confidence += 0.15;
-  if (is_decided(call.electronic_class)) confidence += 0.15;
-  if (is_decided(call.magnetic_class)) confidence += 0.15;
-  if (is_decided(call.correlation_class)) confidence += 0.1;
-  if (!host::is_empty(call.formula_hint.value())) confidence += 0.1;
-  call.confidence = host::real(std::fmin(rounded(confidence), 0.95));
+  unsigned hundredths = 25;
+  if (!host::is_empty(call.species)) hundredths += 20;
+  if (is_decided(call.structure_mode)) hundredths += 15;
+  if (is_decided(call.electronic_class)) hundredths += 15;
+  if (is_decided(call.magnetic_class)) hundredths += 15;
+  if (is_decided(call.correlation_class)) hundredths += 10;
+  if (!host::is_empty(call.formula_hint.value())) hundredths += 10;
+  call.confidence = std::min(hundredths, 95U);
 }
 
 Value assemble_record(Characterization& call) {
   call.step = host::upper(host::text_form_or_empty(call.given_step));
-  call.intent_driven = host::boolean(is_intent_driven(call));
+  call.intent_driven = is_intent_driven(call);
   call.evidence = host::new_list(call.messages);
-  Value record = call.module.new_record();
-  const auto put = [&](RecordKey key, const auto& working_value) {
-    const Value& value = host_object(working_value);
-    if (!value.is_same(call.module.usual(key))) host::set(record, call.module.key(key), value);
+  const RecordTemplate& usual = record_template(call);
+  Value record = usual.copy();
+  const auto put = [&](RecordKey key, const Value& value) {
+    if (!value.is_same(usual.usual(key))) host::set(record, call.module.key(key), value);
   };
   // Each key bears the name of the working value that it stores.
-#define TAVIK_PUT(name) put(RecordKey::name, call.name);
+#define TAVIK_PUT(name) put(RecordKey::name, host_object(call.module, call.name));
   TAVIK_RECORD_KEYS(TAVIK_PUT, )
 #undef TAVIK_PUT
   return record;

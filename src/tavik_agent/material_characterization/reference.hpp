@@ -14,13 +14,13 @@ inline bool is_in(const Module& module, Global table, const host::Value& item) {
 
 /// function()
 inline host::Value species_from(const Module& module, Global function) {
-  return host::call(module.look_up(function));
+  return host::call(module.look_up(function).value());
 }
 
 /// is_transition_metal_oxide(species)
 inline bool is_transition_metal_oxide(const Module& module, const host::Value& species) {
-  const host::Value predicate = module.look_up(Global::is_transition_metal_oxide);
-  return !host::is_empty(host::call(predicate, species));
+  const Current predicate = module.look_up(Global::is_transition_metal_oxide);
+  return !host::is_empty(host::call(predicate.value(), species));
 }
 
 }  // namespace tavik::characterization
