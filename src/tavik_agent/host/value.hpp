@@ -47,6 +47,7 @@ class Value {
 
  private:
   friend class Lent;
+  friend class Seldom;
   explicit Value(PyObject* object) : object_(object) {}
   PyObject* object_ = nullptr;
 };
@@ -69,6 +70,32 @@ class Lent {
   explicit operator bool() const { return static_cast<bool>(value_); }
 
  private:
+  Value value_;
+};
+
+/// A value that mostly is not there. Letting go of it stays out of the way of the code around it:
+/// a call runs through most of its code once, so what it costs is to fetch the code.
+class Seldom {
+ public:
+  Seldom() = default;
+  explicit Seldom(Value value) : value_(std::move(value)) {}
+  Seldom(Seldom&&) = default;
+  Seldom& operator=(Seldom&& other) noexcept {
+    if (value_) [[unlikely]]
+      drop();
+    value_.object_ = other.value_.release();
+    return *this;
+  }
+  ~Seldom() {
+    if (value_) [[unlikely]]
+      drop();
+    value_.release();
+  }
+
+  const Value& value() const { return value_; }
+
+ private:
+  [[gnu::cold, gnu::noinline]] void drop() { value_ = Value(); }
   Value value_;
 };
 

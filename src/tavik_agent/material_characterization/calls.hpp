@@ -75,11 +75,11 @@ inline host::Value answer(const Module&, host::Value value) { return value; }
 template <auto Function, class... Arguments>
 auto invoke(const Module& module, Global name, Arguments&&... arguments) {
   using Answer = decltype(calls::answer(module, Function(module, calls::plain(arguments)...)));
-  const Current current = module.look_up(name);
-  if (current.is_own()) {
+  if (module.has_own(name)) [[likely]] {
     return calls::answer(module, Function(module, calls::plain(arguments)...));
   }
-  return Answer(host::call_with_keywords(current, {calls::object(calls::plain(arguments))...},
+  return Answer(host::call_with_keywords(module.look_up(name),
+                                         {calls::object(calls::plain(arguments))...},
                                          {calls::name(arguments)...}));
 }
 

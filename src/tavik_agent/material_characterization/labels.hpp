@@ -55,13 +55,13 @@ class Verdict {
   explicit Verdict(host::Value value) : other_(std::move(value)) {}
   Verdict(Label label, const host::Value& string) : string_(&string), own_(label) {}
 
-  const host::Value& value() const { return own_ ? *string_ : other_; }
+  const host::Value& value() const { return own_ ? *string_ : other_.value(); }
   /// The number of one of the module's own labels.
   std::optional<Label> own() const { return own_; }
 
  private:
   const host::Value* string_ = nullptr;
-  host::Value other_;
+  host::Seldom other_;
   std::optional<Label> own_;
 };
 

@@ -31,12 +31,12 @@ class Current {
   explicit Current(host::Value other) : other_(std::move(other)) {}
 
   bool is_own() const { return own_ != nullptr; }
-  const host::Value& value() const { return is_own() ? *own_ : other_; }
+  const host::Value& value() const { return is_own() ? *own_ : other_.value(); }
   operator const host::Value&() const { return value(); }
 
  private:
   const host::Value* own_ = nullptr;
-  host::Value other_;
+  host::Seldom other_;
 };
 
 class Module {
@@ -55,6 +55,8 @@ class Module {
   Current look_up(Global name) const {
     return is_untouched() ? Current(&own_[name]) : look_up_in_namespace(name);
   }
+  /// Whether the name is bound to what the module was loaded with.
+  bool has_own(Global name) const { return is_untouched() || look_up_in_namespace(name).is_own(); }
 
   const host::Value& label(Label label) const { return labels_[label]; }
   const host::Value& key(RecordKey key) const { return record_keys_[key]; }
