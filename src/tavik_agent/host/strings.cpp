@@ -13,7 +13,7 @@ namespace tavik::host {
 namespace {
 
 /// Looks at all bytes, eight at a time.
-bool is_ascii(std::string_view bytes) {
+[[gnu::noinline]] bool is_ascii(std::string_view bytes) {
   std::uint64_t combined = 0;
   for (std::uint64_t eight = 0; bytes.size() >= sizeof eight; bytes.remove_prefix(sizeof eight)) {
     std::memcpy(&eight, bytes.data(), sizeof eight);
@@ -22,10 +22,12 @@ bool is_ascii(std::string_view bytes) {
   return (combined & 0x8080808080808080U) == 0 && std::ranges::all_of(bytes, text::is_ascii);
 }
 
-/// A new ASCII string whose characters are still to be written.
-Value blank_ascii(std::size_t length) {
-  return Value::steal(PyUnicode_New(static_cast<Py_ssize_t>(length), 127));
+PyObject* new_ascii(std::size_t length) {
+  return PyUnicode_New(static_cast<Py_ssize_t>(length), 127);
 }
+
+/// A new ASCII string whose characters are still to be written.
+Value blank_ascii(std::size_t length) { return Value::steal(new_ascii(length)); }
 
 char* characters_of(const Value& new_ascii) {
   return static_cast<char*>(PyUnicode_DATA(new_ascii.get()));
@@ -80,23 +82,46 @@ bool is_plain_word(const Value& value) {
 
 char* write(char* at, std::string_view text) { return std::ranges::copy(text, at).out; }
 
+Lent item_of(const Value& list, Py_ssize_t at) { return Lent(PyList_GET_ITEM(list.get(), at)); }
+
+/// The length of what repr(list) writes, when that is a list of plain words; otherwise 0.
+std::size_t length_of_written_words(const Value& list) {
+  constexpr std::size_t around_each = 4;  // "['" and "']", or "', '"
+  std::size_t length = 0;
+  for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list.get()); ++i) {
+    if (!is_plain_word(item_of(list, i))) return 0;
+    length += ascii_view(item_of(list, i)).size() + around_each;
+  }
+  return length;
+}
+
+char* write_words(char* at, const Value& list) {
+  for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list.get()); ++i) {
+    at = write(write(at, i == 0 ? "['" : "', '"), ascii_view(item_of(list, i)));
+  }
+  return write(at, "']");
+}
+
 /// prefix + repr(list) + suffix, or no object. A list of species is a short list of plain words,
 /// which the host's own repr, made for all that a list may hold, takes five times as long to write.
 Value message_about_words(std::string_view prefix, const Value& list, std::string_view suffix) {
-  constexpr std::string_view opening = "['";
-  constexpr std::string_view between = "', '";
-  constexpr std::string_view closing = "']";
-  const Values words = exact_strings_in(list);
-  if (words.empty() || !std::ranges::all_of(words, is_plain_word)) return Value();
-  std::size_t length = prefix.size() + suffix.size() + words.size() * between.size();
-  for (const Value& word : words) length += ascii_view(word).size();
-  Value whole = blank_ascii(length);  // opening and closing are as long as what stands between
-  char* at = write(characters_of(whole), prefix);
-  for (const Value& word : words) {
-    at = write(write(at, &word == words.begin() ? opening : between), ascii_view(word));
+  PyObject* whole = nullptr;
+  std::size_t length = 0;
+  Py_BEGIN_CRITICAL_SECTION(list.get());
+  length = length_of_written_words(list);
+  if (length != 0) whole = new_ascii(prefix.size() + length + suffix.size());
+  if (whole != nullptr) {
+    write(write_words(write(characters_of(Lent(whole)), prefix), list), suffix);
   }
-  write(write(at, closing), suffix);
-  return whole;
+  Py_END_CRITICAL_SECTION();
+  return length == 0 ? Value() : Value::steal(whole);
+}
+
+[[gnu::cold]] Value message_in_host(std::string_view prefix, const Value& text,
+                                    std::string_view suffix) {
+  return Value::steal(PyUnicode_FromFormat("%.*s%U%.*s", static_cast<int>(prefix.size()),
+                                           prefix.data(), text.get(),
+                                           static_cast<int>(suffix.size()), suffix.data()));
 }
 
 Value power_of_ten(std::size_t exponent) {
@@ -212,11 +237,7 @@ Value message(std::string_view prefix, const Value& value, std::string_view suff
     if (Value whole = message_about_words(prefix, value, suffix)) return whole;
   }
   const Value text = text_form(value);
-  if (!is_exact_ascii(text) || !is_ascii_around) {
-    return Value::steal(PyUnicode_FromFormat("%.*s%U%.*s", static_cast<int>(prefix.size()),
-                                             prefix.data(), text.get(),
-                                             static_cast<int>(suffix.size()), suffix.data()));
-  }
+  if (!is_exact_ascii(text) || !is_ascii_around) return message_in_host(prefix, text, suffix);
   const std::string_view words = ascii_view(text);
   Value whole = blank_ascii(prefix.size() + words.size() + suffix.size());
   write(write(write(characters_of(whole), prefix), words), suffix);
