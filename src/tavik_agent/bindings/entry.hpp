@@ -6,6 +6,7 @@
 
 #include <array>
 #include <new>
+#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -53,16 +54,15 @@ using Nesting = std::array<Nested, 2>;
 /// The state of a loaded module.
 Module& state_of(PyObject* module);
 
-/// How a parameter is held while the function runs: a plain value as the caller holds it, all else
-/// with a reference of its own.
+/// How a parameter is held while the function runs. A plain value, and what is made for one call
+/// only, needs no reference of its own.
 template <class Parameter>
-constexpr bool is_plain = std::is_same_v<std::remove_cvref_t<Parameter>, Value>;
-template <class Parameter>
-using Held = std::conditional_t<is_plain<Parameter>, Lent, std::remove_cvref_t<Parameter>>;
+using Held = std::conditional_t<std::is_same_v<std::remove_cvref_t<Parameter>, Value>, Lent,
+                                std::remove_cvref_t<Parameter>>;
 
 template <class Parameter>
 auto hold(const Lent& argument) {
-  if constexpr (is_plain<Parameter>) {
+  if constexpr (std::is_constructible_v<Held<Parameter>, Lent>) {
     return argument;
   } else {
     return argument.value().another();
@@ -108,11 +108,9 @@ PyObject* enter_any_number(PyObject* self, PyObject* const* values, Py_ssize_t p
       [&] {
         const Nesting nesting;
         const Module& module = state_of(self);
-        std::vector<Value> parts;
-        for (PyObject* value : bind_any_number(
-                 signature, {values, static_cast<std::size_t>(positional), keyword_names})) {
-          parts.push_back(Value::borrow(value));
-        }
+        const std::span given = bind_any_number(
+            signature, {values, static_cast<std::size_t>(positional), keyword_names});
+        const std::vector<Lent> parts(given.begin(), given.end());
         return Function(module, parts).release();
       },
       nullptr);

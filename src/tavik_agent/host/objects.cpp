@@ -47,7 +47,11 @@ bool contains(const Value& collection, const Value& item) {
 
 Value set_of(const Value& values) { return Value::steal(PySet_New(values.get())); }
 
-Value set_of(const Values& values) { return set_of(new_list(values)); }
+Value set_of(const Values& values) {
+  Value set = Value::steal(PySet_New(nullptr));
+  for (const Value& value : values) check(PySet_Add(set.get(), value.get()));
+  return set;
+}
 
 Values exact_strings_in(const Value& items) {
   Values strings;
@@ -58,6 +62,17 @@ Values exact_strings_in(const Value& items) {
     strings.push_back(std::move(item));
   }
   return strings;
+}
+
+bool is_list_of_exact_strings(const Value& value) {
+  if (!is_exact_list(value)) return false;
+  bool are_strings = true;
+  Py_BEGIN_CRITICAL_SECTION(value.get());
+  for (Py_ssize_t i = 0; are_strings && i < PyList_GET_SIZE(value.get()); ++i) {
+    are_strings = is_exact_string(Lent(PyList_GET_ITEM(value.get(), i)));
+  }
+  Py_END_CRITICAL_SECTION();
+  return are_strings;
 }
 
 bool is_subset(const Value& set, const Value& collection) {
@@ -89,10 +104,11 @@ std::pair<Value, Value> unpack_pair(const Value& pair) {
 
 Value new_list() { return Value::steal(PyList_New(0)); }
 
-Value new_list(const Values& values) {
+Value new_list(Values&& values) {
   Value list = Value::steal(PyList_New(static_cast<Py_ssize_t>(values.size())));
   Py_ssize_t at = 0;
-  for (const Value& value : values) PyList_SET_ITEM(list.get(), at++, value.another().release());
+  for (Value& value : values) PyList_SET_ITEM(list.get(), at++, value.release());
+  values.shorten(0);
   return list;
 }
 

@@ -110,6 +110,8 @@ Value set_of(const Value& values);
 Value set_of(const Values& values);
 /// The items of an exact list when all of them are exact strings, otherwise none.
 Values exact_strings_in(const Value& items);
+/// Whether a value is an exact list of nothing but exact strings.
+bool is_list_of_exact_strings(const Value& value);
 /// set.issubset(collection)
 bool is_subset(const Value& set, const Value& collection);
 
@@ -133,8 +135,8 @@ inline Value item(const Value& tuple, std::size_t at) {
 std::pair<Value, Value> unpack_pair(const Value& pair);
 
 Value new_list();
-/// A new list of the values.
-Value new_list(const Values& values);
+/// A new list that takes over the values.
+Value new_list(Values&& values);
 void append(const Value& list, const Value& item);
 /// A new tuple.
 template <class... Values>

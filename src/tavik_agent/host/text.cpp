@@ -69,8 +69,4 @@ const text::PhraseIndex::Rows& Text::phrases(const text::PhraseIndex& index) {
   return *phrases_;
 }
 
-WrittenForm::WrittenForm(Text& text) : given_(text) {
-  if (!is_exact_string(text.value())) converted_.emplace(text_form_or_empty(text.value()));
-}
-
 }  // namespace tavik::host

@@ -59,11 +59,16 @@ class Text {
 /// The text form of a non-empty value or "", as a Text: the one given when it is that already.
 class WrittenForm {
  public:
-  explicit WrittenForm(Text& text);
+  explicit WrittenForm(Text& text) : given_(text) {
+    if (!is_exact_string(text.value())) [[unlikely]]
+      convert();
+  }
   Text& operator*() { return converted_ ? *converted_ : given_; }
   Text* operator->() { return &**this; }
 
  private:
+  [[gnu::cold]] void convert() { converted_.emplace(text_form_or_empty(given_.value())); }
+
   Text& given_;
   std::optional<Text> converted_;
 };

@@ -14,12 +14,12 @@ namespace tavik::characterization {
 /// The arguments; of empty mappings there is no object.
 struct Inputs {
   const Value& given_step;
-  Fields step_params;
   Text& query_text;
   const Value& findings;
-  Value planner_manifest;
-  Value previous_steps_params;
+  host::Lent planner_manifest;
+  host::Lent previous_steps_params;
   const Value& base_characterization;
+  Fields step_params;
   Fields query_intent;
 };
 

@@ -4,8 +4,8 @@
 namespace tavik::characterization {
 namespace {
 
-Value unless_empty(const Value& mapping) {
-  return host::is_empty(mapping) ? Value() : mapping.another();
+host::Lent unless_empty(const Value& mapping) {
+  return host::is_empty(mapping) ? host::Lent() : host::Lent(mapping.get());
 }
 
 }  // namespace
@@ -15,21 +15,18 @@ Value characterize_material(const Module& module, const Value& step, const Value
                             const Value& previous_steps_params, const Value& base_characterization,
                             const Value& query_intent) {
   // Emptiness is a question to the host, so the order in which it is asked is part of the contract.
-  Value params = unless_empty(step_params);
-  Value earlier_params = unless_empty(previous_steps_params);
-  Value manifest = unless_empty(planner_manifest);
-  Value intent = unless_empty(query_intent);
-  Inputs inputs{
-      .given_step = step,
-      .step_params = Fields(std::move(params)),
-      .query_text = query_text,
-      .findings = findings,
-      .planner_manifest = std::move(manifest),
-      .previous_steps_params = std::move(earlier_params),
-      .base_characterization = base_characterization,
-      .query_intent = Fields(std::move(intent)),
-  };
-  Characterization call(module, std::move(inputs));
+  const host::Lent params = unless_empty(step_params);
+  const host::Lent earlier_params = unless_empty(previous_steps_params);
+  const host::Lent manifest = unless_empty(planner_manifest);
+  const host::Lent intent = unless_empty(query_intent);
+  Characterization call(module, {.given_step = step,
+                                 .query_text = query_text,
+                                 .findings = findings,
+                                 .planner_manifest = manifest,
+                                 .previous_steps_params = earlier_params,
+                                 .base_characterization = base_characterization,
+                                 .step_params = Fields(params),
+                                 .query_intent = Fields(intent)});
   read_intent_species(call);
   join_texts(call);
   resolve_species(call);

@@ -9,6 +9,8 @@
 namespace tavik::characterization {
 namespace {
 
+using host::Lent;
+
 void append_unless_blank(host::Values& fragments, const Value& string) {
   Value stripped = host::strip(string);
   if (!host::is_empty(stripped)) fragments.push_back(std::move(stripped));
@@ -25,30 +27,37 @@ void append_part(const Module& module, host::Values& fragments, const Value& par
   }
 }
 
-Value combine(const Module& module, const std::array<Value, 4>& parts) {
+/// The findings as `_combined_text` is given them: a list of its own, unless nobody could tell.
+Value given_findings(const Characterization& call) {
+  const bool is_own = call.module.has_own(Global::_combined_text);
+  const bool is_plain = call.findings.is_null() || host::is_list_of_exact_strings(call.findings);
+  return is_own && is_plain ? call.findings.another() : host::list_of(call.findings);
+}
+
+Value combine(const Module& module, const std::array<Lent, 4>& parts) {
   const Current current = module.look_up(Global::_combined_text);
   if (current.is_own()) return _combined_text(module, parts);
-  return host::call(current.value(), parts[0], parts[1], parts[2], parts[3]);
+  return host::call(current.value(), parts[0].value(), parts[1].value(), parts[2].value(),
+                    parts[3].value());
 }
 
 }  // namespace
 
-Value _combined_text(const Module& module, std::span<const Value> parts) {
+Value _combined_text(const Module& module, std::span<const Lent> parts) {
   host::Values fragments;
-  for (const Value& part : parts) append_part(module, fragments, part);
+  for (const Lent& part : parts) append_part(module, fragments, part);
   return host::join_with_blanks(fragments);
 }
 
 void join_texts(Characterization& call) {
-  Value findings = host::list_of(call.findings);
+  const Value findings = given_findings(call);
   const auto read = [&](InputKey key) {
     return call.planner_manifest ? call.module.read(call.planner_manifest, key) : Value::null();
   };
-  Value purpose = read(InputKey::purpose);
-  Value notes = read(InputKey::notes);
-  const std::array parts{call.query_text.value().another(), std::move(findings), std::move(purpose),
-                         std::move(notes)};
-  Value joined = combine(call.module, parts);
+  const Value purpose = read(InputKey::purpose);
+  const Value notes = read(InputKey::notes);
+  Value joined = combine(call.module, {Lent(call.query_text.value().get()), Lent(findings.get()),
+                                       Lent(purpose.get()), Lent(notes.get())});
   // A query that stands alone is the joined text, and what is learnt of it is learnt once.
   if (joined.is_same(call.query_text.value())) return;
   call.combined = &call.joined_text.emplace(std::move(joined), call.query_text);

@@ -11,14 +11,8 @@ namespace {
 
 using text::Group;
 
-void take_unit(Characterization& call, Wish unit, const char* prefix, const char* suffix) {
-  call.requested_energy_unit = unit;
-  call.report(prefix, call.module.wish(unit), suffix);
-}
-
 /// The intent's energy unit in lower case, with blanks for hyphens.
 Value normalized_intent_energy_unit(const Characterization& call) {
-  if (!call.module.is_mapping(call.intent_units)) return host::empty_string();
   const Value energy = call.module.read(call.intent_units, InputKey::energy);
   const Value intent_energy_unit = host::strip(host::text_form_or_empty(energy));
   std::string unit(host::Utf8(host::lower(intent_energy_unit)).view());
@@ -26,25 +20,35 @@ Value normalized_intent_energy_unit(const Characterization& call) {
   return host::strip(host::string(unit));
 }
 
+Wish unit_in_intent(const Characterization& call) {
+  if (!call.module.is_mapping(call.intent_units)) return Wish::none;
+  const Value unit = normalized_intent_energy_unit(call);
+  if (host::equals_any(unit, {"ev", "electron volt", "electron volts"})) return Wish::electronvolt;
+  if (host::equals_any(
+          unit, {"ha", "hartree", "hartrees", "atomic unit", "atomic units", "a.u.", "au"})) {
+    return Wish::hartree;
+  }
+  return Wish::none;
+}
+
+Wish unit_in_prose(const Characterization& call) {
+  if (call.combined->mentions(Group::electronvolt)) return Wish::electronvolt;
+  if (call.combined->mentions(Group::hartree)) return Wish::hartree;
+  return Wish::none;
+}
+
+void take_unit(Characterization& call, Wish unit, const char* prefix, const char* suffix) {
+  call.requested_energy_unit = unit;
+  call.report(prefix, call.module.wish(unit), suffix);
+}
+
 }  // namespace
 
 void decide_energy_unit(Characterization& call) {
-  const Value wanted = normalized_intent_energy_unit(call);
-  const auto from_intent = [&](Wish unit) {
+  if (const Wish unit = unit_in_intent(call); unit != Wish::none) {
     take_unit(call, unit, "user query requested ", " energy semantics (LLM intent)");
-  };
-  const auto from_prose = [&](Wish unit) {
-    take_unit(call, unit, "query requested ", " energy semantics (prose fallback)");
-  };
-  if (host::equals_any(wanted, {"ev", "electron volt", "electron volts"})) {
-    from_intent(Wish::electronvolt);
-  } else if (host::equals_any(wanted, {"ha", "hartree", "hartrees", "atomic unit", "atomic units",
-                                       "a.u.", "au"})) {
-    from_intent(Wish::hartree);
-  } else if (call.combined->mentions(Group::electronvolt)) {
-    from_prose(Wish::electronvolt);
-  } else if (call.combined->mentions(Group::hartree)) {
-    from_prose(Wish::hartree);
+  } else if (const Wish said = unit_in_prose(call); said != Wish::none) {
+    take_unit(call, said, "query requested ", " energy semantics (prose fallback)");
   }
 }
 

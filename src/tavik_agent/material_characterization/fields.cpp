@@ -14,7 +14,10 @@ constexpr std::size_t few = 8;
 }  // namespace
 
 const Value& Fields::value() const {
-  if (!mapping_) mapping_ = host::new_dict();
+  if (!mapping_) {
+    made_ = host::Seldom(host::new_dict());
+    mapping_ = host::Lent(made_.value().get());
+  }
   return mapping_;
 }
 

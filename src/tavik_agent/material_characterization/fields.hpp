@@ -11,11 +11,12 @@ namespace tavik::characterization {
 
 /// A dict with few entries is read in one walk: of an intent with two, that takes 150 instructions,
 /// and the look-ups of nine keys, most of them missing, a thousand. All else is asked each time.
-/// What stands in for a missing mapping is made only when a function of the host is to see it.
+/// What stands in for a missing mapping is made only when a function of the host is to see it. The
+/// mapping itself must live as long.
 class Fields {
  public:
   Fields() = default;
-  explicit Fields(host::Value mapping) : mapping_(std::move(mapping)) {}
+  explicit Fields(host::Lent mapping) : mapping_(mapping) {}
 
   /// not mapping
   bool is_empty() const { return !mapping_ || host::is_empty(mapping_); }
@@ -39,7 +40,8 @@ class Fields {
   void walk(const Module& module) const;
   const host::Value* find(InputKey key) const;
 
-  mutable host::Value mapping_;  ///< no object when it is missing
+  mutable host::Lent mapping_;  ///< no object when it is missing
+  mutable host::Seldom made_;   ///< what then stands in for it
   mutable text::ShortList<Field> fields_;
   mutable std::uint64_t version_ = 0;  ///< of the dict when its fields were read
 };

@@ -84,6 +84,7 @@ Value _formula_parts(const Module& module, const Value& token) {
 
 void for_each_candidate(const Module& module, Text& text,
                         const std::function<bool(const Value&)>& visit) {
+  if (text.utf8().empty()) return;
   text::SymbolSet seen;
   text::FormulaTokens tokens(text.utf8(), host::character_tables());
   while (const auto token = tokens.next()) {

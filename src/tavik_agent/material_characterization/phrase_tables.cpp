@@ -50,6 +50,7 @@ PhraseTables::PhraseTables(const Value& aliases, const Value& names) {
 void PhraseTables::for_each_match(Which which, Text& text, const PhraseVisitor& visit) const {
   const Table& table = tables_[which];
   if (!table.meanings) return characterization::for_each_match(table.mapping, text, visit);
+  if (index_->is_too_short(text.lowered())) return;
   const std::size_t end = table.first_row + host::length(table.meanings);
   for (const text::PhraseIndex::Row row : text.phrases(*index_)) {
     if (row < table.first_row || row >= end) continue;

@@ -116,7 +116,7 @@ void score_confidence(Characterization& call) {
 Value assemble_record(Characterization& call) {
   call.step = host::upper(host::text_form_or_empty(call.given_step));
   call.intent_driven = is_intent_driven(call);
-  call.evidence = host::new_list(call.messages);
+  call.evidence = host::new_list(std::move(call.messages));
   const RecordTemplate& usual = record_template(call);
   Value record = usual.copy();
   const auto put = [&](RecordKey key, const Value& value) {

@@ -13,35 +13,52 @@ Value species_declared_in(const Characterization& call, const Value& element_blo
                                              element_block);
 }
 
-void take_intent_species(Characterization& call) {
+// Each takes the species of one source; false when it names none.
+
+bool take_declared_species(Characterization& call) {
+  const Value block = call.step_params.get(call.module, InputKey::element);
+  // No block declares no species. Most calls have none, and are spared the making of a list.
+  if (block.is_null() && call.module.has_own(Global::_species_from_element_block)) return false;
+  call.species = species_declared_in(call, block);
+  if (host::is_empty(call.species)) return false;
+  call.report("element definitions declare species ", call.species);
+  return true;
+}
+
+bool take_intent_species(Characterization& call) {
+  if (call.intent_species.empty()) return false;
   host::OrderedSet unique;
   unique.add_all(call.intent_species);
   call.species = unique.take_list();
   call.report("user query explicitly named species ", call.species, " (LLM intent)");
+  return true;
 }
 
-void take_species_of_earlier_steps(Characterization& call) {
-  if (!call.previous_steps_params) return;
+bool take_species_of_earlier_steps(Characterization& call) {
+  if (!call.previous_steps_params) return false;
   host::Iterator steps(host::items(call.previous_steps_params));
   while (const Value step = steps.next()) {
     const Value params = host::unpack_pair(step).second;
     if (!call.module.is_mapping(params)) continue;
-    Value declared = species_declared_in(call, call.module.read(params, InputKey::element));
-    if (host::is_empty(declared)) continue;
-    call.species = std::move(declared);
-    return call.report("reused prior-step species ", call.species);
+    call.species = species_declared_in(call, call.module.read(params, InputKey::element));
+    if (host::is_empty(call.species)) continue;
+    call.report("reused prior-step species ", call.species);
+    return true;
   }
+  return false;
 }
 
-void take_species_in_prose(Characterization& call) {
+bool take_species_in_prose(Characterization& call) {
   call.species =
       invoke<_species_from_text>(call.module, Global::_species_from_text, *call.combined);
-  if (host::is_empty(call.species)) return;
+  if (host::is_empty(call.species)) return false;
   call.report("prose-scanned fallback species ", call.species, " (low confidence)");
+  return true;
 }
 
 /// As the earlier record holds them: unstripped, repeats included, and without a message.
 void take_species_of_base(Characterization& call) {
+  if (host::is_empty(call.base_characterization)) return;
   call.species = host::new_list();
   const Value named = call.module.read(call.base_characterization, RecordKey::species);
   if (host::is_empty(named)) return;
@@ -65,17 +82,11 @@ void read_intent_species(Characterization& call) {
 }
 
 void resolve_species(Characterization& call) {
-  call.species = species_declared_in(call, call.step_params.get(call.module, InputKey::element));
-  if (!host::is_empty(call.species)) {
-    call.report("element definitions declare species ", call.species);
-  } else if (!call.intent_species.empty()) {
-    take_intent_species(call);
-  }
-  if (host::is_empty(call.species)) take_species_of_earlier_steps(call);
-  if (host::is_empty(call.species)) take_species_in_prose(call);
-  if (host::is_empty(call.species) && !host::is_empty(call.base_characterization)) {
-    take_species_of_base(call);
-  }
+  if (take_declared_species(call)) return;
+  if (take_intent_species(call)) return;
+  if (take_species_of_earlier_steps(call)) return;
+  if (take_species_in_prose(call)) return;
+  take_species_of_base(call);
 }
 
 }  // namespace tavik::characterization

@@ -26,23 +26,25 @@ Value description_in(const Module& module, const Fields& query_intent) {
   return intent_field(module, query_intent, InputKey::structure_description);
 }
 
-/// What the text that counts mentions. Stripping can only change what the end of the text makes of
-/// a keyword that ends in a blank, so a query without outer white space shares its own scan.
+/// What the query alone mentions. Stripping can only change what the end of the text makes of a
+/// keyword that ends in a blank, so a query without outer white space shares its own scan.
+text::Mentions mentions_in_query(Text& combined_text, Text& query) {
+  const std::string_view stripped = query.phrase_context();
+  if (stripped.empty()) return combined_text.mentions();
+  if (stripped.size() == query.lowered().size()) return query.mentions();
+  return text::find_keywords(stripped, host::character_tables());
+}
+
+/// What the text that counts mentions.
 text::Mentions authoritative_mentions(const Module& module, Text& combined_text, Text& query_text,
                                       const Fields& query_intent) {
-  const auto& tables = host::character_tables();
-  const host::Utf8 description(description_in(module, query_intent));
+  const Value description = description_in(module, query_intent);
   host::WrittenForm query(query_text);
-  std::string joined;
-  std::string_view words = query->lowered();
-  if (!description.view().empty()) {
-    joined.append(words).append(" ").append(description.view());
-    words = joined;
-  }
-  const std::string_view authoritative = text::strip(words, tables);
-  if (authoritative.empty()) return combined_text.mentions();
-  if (authoritative.size() == query->lowered().size() && joined.empty()) return query->mentions();
-  return text::find_keywords(authoritative, tables);
+  if (host::is_empty(description)) return mentions_in_query(combined_text, *query);
+  std::string words(query->lowered());
+  words.append(" ").append(host::Utf8(description).view());
+  return text::find_keywords(text::strip(words, host::character_tables()),
+                             host::character_tables());
 }
 
 }  // namespace

@@ -119,6 +119,7 @@ PhraseIndex::PhraseIndex(Phrases phrases) : phrases_(std::move(phrases)) {
 void PhraseIndex::enter(Row row) {
   const std::string_view phrase = phrases_[row];
   longest_ = std::max(longest_, phrase.size());
+  shortest_ = std::min(shortest_, phrase.size());
   PhraseFilter::Key words = PhraseFilter::no_words;
   for_each_word(phrase, 0, [&](std::size_t begin, std::size_t end) {
     words = PhraseFilter::with_word(words, letters_between(phrase, begin, end));

@@ -70,6 +70,8 @@ class PhraseIndex {
   explicit PhraseIndex(Phrases phrases);
 
   std::string_view phrase(Row row) const { return phrases_[row]; }
+  /// Whether a text has no room for any of the phrases.
+  bool is_too_short(std::string_view text) const { return text.size() < shortest_; }
   /// The rows whose phrase occurs in `text`, in ascending order.
   Rows find(std::string_view text) const { return find_more(text, 0, {}); }
   /// The same for a text of which the first `size` bytes, which a blank must follow, were searched
@@ -107,6 +109,7 @@ class PhraseIndex {
 
   Phrases phrases_;
   std::size_t longest_ = 0;
+  std::size_t shortest_ = std::string_view::npos;
   std::unique_ptr<PhraseFilter> filter_ = std::make_unique<PhraseFilter>();
   std::vector<Entry> entries_;
 };
