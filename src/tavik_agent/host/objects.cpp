@@ -45,6 +45,15 @@ bool contains(const Value& collection, const Value& item) {
   return check(PySequence_Contains(collection.get(), item.get())) != 0;
 }
 
+bool contains_text(const Value& collection, std::string_view text) {
+  if (!is_list_of_exact_strings(collection)) return contains(collection, string(text));
+  Iterator items(collection);
+  while (const Value item = items.next()) {
+    if (equals(item, text)) return true;
+  }
+  return false;
+}
+
 Value set_of(const Value& values) { return Value::steal(PySet_New(values.get())); }
 
 Value set_of(const Values& values) {

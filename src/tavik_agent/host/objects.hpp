@@ -105,6 +105,8 @@ bool all_entries(const Value& dict, Test test) {
 Value items(const Value& mapping);
 /// item in collection
 bool contains(const Value& collection, const Value& item);
+/// text in list, where the text is ASCII
+bool contains_text(const Value& collection, std::string_view text);
 /// set(values)
 Value set_of(const Value& values);
 Value set_of(const Values& values);

@@ -42,9 +42,9 @@ struct Characterization : Inputs {
   Verdict structure_mode;
   Verdict structure_archetype;
   Verdict electronic_class;
-  Value intent_correlation;
-  Value intent_magnetism;
-  Value intent_complexity;
+  IntentField intent_correlation;
+  IntentField intent_magnetism;
+  IntentField intent_complexity;
   Value intent_units;
   Verdict correlation_class;
   Verdict magnetic_class;

@@ -10,7 +10,7 @@ namespace {
 
 void report_decision(Characterization& call, Decision decision, const Verdict& label,
                      Label no_decision = Label::unknown) {
-  if (!is(label, no_decision)) call.report(call.module.message_about(decision, label));
+  if (!label.is(no_decision)) call.report(call.module.message_about(decision, label));
 }
 
 void classify_structure(Characterization& call) {
@@ -47,7 +47,7 @@ void classify_correlation(Characterization& call) {
       keyword("intent_complexity", call.intent_complexity));
   report_decision(call, Decision::correlation_class, call.correlation_class);
   if (is_simple_request(call.intent_complexity)) {
-    call.report("user query flagged as ", call.intent_complexity,
+    call.report("user query flagged as ", call.intent_complexity.value(),
                 " (LLM intent) \u2014 complex-material heuristics suppressed");
   }
 }

@@ -18,9 +18,11 @@ bool is_plain_metal(const Module& module, const Value& species) {
 
 Label _correlation_class(const Module& module, const Value& species,
                          const FormulaHint& formula_hint, Text& combined_text,
-                         const Value& intent_correlation, const Value& intent_complexity) {
-  if (host::equals_any(intent_correlation, {"dft+u", "hybrid"})) return Label::dftu_sensitive;
-  if (host::equals(intent_correlation, "plain_dft")) return Label::plain_dft;
+                         const IntentField& intent_correlation,
+                         const IntentField& intent_complexity) {
+  if (intent_correlation.is(IntentWord::dft_plus_u)) return Label::dftu_sensitive;
+  if (intent_correlation.is(IntentWord::hybrid)) return Label::dftu_sensitive;
+  if (intent_correlation.is(IntentWord::plain_dft)) return Label::plain_dft;
   if (is_simple_request(intent_complexity)) return Label::plain_dft;
   if (combined_text.mentions(text::Group::dft_plus_u)) return Label::dftu_sensitive;
   if (formula_hint.is_in(module, Global::DFTU_SENSITIVE_FORMULAS)) return Label::dftu_sensitive;

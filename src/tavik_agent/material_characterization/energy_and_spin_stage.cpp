@@ -54,11 +54,11 @@ void decide_energy_unit(Characterization& call) {
 
 void decide_spin_mode(Characterization& call) {
   const auto mode = [&] {
-    if (host::equals(call.intent_magnetism, "non-collinear")) return Wish::non_collinear;
-    if (host::equals_any(call.intent_magnetism,
-                         {"ferromagnetic", "antiferromagnetic", "ferrimagnetic"})) {
-      return Wish::collinear;
-    }
+    const IntentField& asked = call.intent_magnetism;
+    if (asked.is(IntentWord::non_collinear)) return Wish::non_collinear;
+    if (asked.is(IntentWord::ferromagnetic)) return Wish::collinear;
+    if (asked.is(IntentWord::antiferromagnetic)) return Wish::collinear;
+    if (asked.is(IntentWord::ferrimagnetic)) return Wish::collinear;
     if (call.combined->mentions(Group::noncollinear)) return Wish::non_collinear;
     if (call.combined->mentions(Group::collinear)) return Wish::collinear;
     return Wish::none;

@@ -1,8 +1,6 @@
 // The formula hint, with what was learnt of it. Four classifiers ask nine times whether one of
-// three tables holds it; each question takes the host 150 instructions, an answer that is kept 30.
+// three tables holds it; each question takes the host 150 instructions, an answer that is kept ten.
 #pragma once
-
-#include <array>
 
 #include "host/objects.hpp"
 #include "material_characterization/module.hpp"
@@ -18,15 +16,8 @@ class FormulaHint {
 
   /// hint in TABLE. Of the module's own tables the answer is kept, as they cannot change.
   bool is_in(const Module& module, Global table) const {
-    const Current current = module.look_up(table);
-    const bool is_constant =
-        current.is_own() && host::is_exact_frozen_set(current) && host::is_exact_string(value_);
-    if (!is_constant) return host::contains(current, value_);
-    Answer& answer = answers_[static_cast<std::size_t>(table) - first_table];
-    if (answer == Answer::none) {
-      answer = host::contains(current, value_) ? Answer::yes : Answer::no;
-    }
-    return answer == Answer::yes;
+    const bool is_known = module.is_untouched() && (known_ & bit(table)) != 0;
+    return is_known ? (holding_ & bit(table)) != 0 : ask(module, table);
   }
 
   /// hint in SEMICONDUCTOR_FORMULAS.union(INSULATOR_FORMULAS)
@@ -41,12 +32,12 @@ class FormulaHint {
   }
 
  private:
-  enum class Answer : std::uint8_t { none, no, yes };
-  static constexpr auto first_table = static_cast<std::size_t>(Global::SEMICONDUCTOR_FORMULAS);
-  static constexpr auto last_table = static_cast<std::size_t>(Global::DFTU_SENSITIVE_FORMULAS);
+  static constexpr unsigned bit(Global table) { return 1U << static_cast<unsigned>(table); }
+  bool ask(const Module& module, Global table) const;
 
   host::Value value_;
-  mutable std::array<Answer, last_table - first_table + 1> answers_{};
+  mutable unsigned known_ = 0;    ///< a bit for each table of which the answer is kept
+  mutable unsigned holding_ = 0;  ///< and for each that holds the hint
 };
 
 }  // namespace tavik::characterization

@@ -9,6 +9,7 @@
 #include "host/value.hpp"
 #include "material_characterization/fields.hpp"
 #include "material_characterization/formula_hint.hpp"
+#include "material_characterization/intent_words.hpp"
 #include "material_characterization/module.hpp"
 
 namespace tavik::characterization {
@@ -44,12 +45,12 @@ Verdict _electronic_class(const Module&, const Value& species, const FormulaHint
                           Text& explicit_text, const Verdict& structure_archetype);
 
 Label _correlation_class(const Module&, const Value& species, const FormulaHint& formula_hint,
-                         Text& combined_text, const Value& intent_correlation,
-                         const Value& intent_complexity);
+                         Text& combined_text, const IntentField& intent_correlation,
+                         const IntentField& intent_complexity);
 
 Label _magnetic_class(const Module&, const Value& species, const FormulaHint& formula_hint,
                       Text& combined_text, const Verdict& correlation_class,
-                      const Value& intent_magnetism, const Value& intent_complexity);
+                      const IntentField& intent_magnetism, const IntentField& intent_complexity);
 
 Label _material_family(const Module&, const Value& species, const Verdict& structure_mode,
                        const Verdict& electronic_class, const FormulaHint& formula_hint,

@@ -1,10 +1,7 @@
 // The class labels, one group a classifier. A label that two classifiers use stands in the first.
 #pragma once
 
-#include <optional>
-
-#include "host/objects.hpp"
-#include "host/vocabulary.hpp"
+#include "host/recognised.hpp"
 
 namespace tavik::characterization {
 
@@ -44,30 +41,7 @@ TAVIK_VOCABULARY(Label, TAVIK_LABELS)
 
 TAVIK_VOCABULARY(Decision, TAVIK_DECISIONS)
 
-constexpr std::string_view text_of(Label label) { return host::Indexed<Label>::text(label); }
-
-/// What a classifier answered. The module's own labels are told apart by their numbers, not by
-/// their letters, and their strings stay with the module; whatever a function in a classifier's
-/// place returned is compared by the host.
-class Verdict {
- public:
-  Verdict() = default;
-  explicit Verdict(host::Value value) : other_(std::move(value)) {}
-  Verdict(Label label, const host::Value& string) : string_(&string), own_(label) {}
-
-  const host::Value& value() const { return own_ ? *string_ : other_.value(); }
-  /// The number of one of the module's own labels.
-  std::optional<Label> own() const { return own_; }
-
- private:
-  const host::Value* string_ = nullptr;
-  host::Seldom other_;
-  std::optional<Label> own_;
-};
-
-/// verdict == label
-inline bool is(const Verdict& verdict, Label label) {
-  return verdict.own() ? *verdict.own() == label : host::equals(verdict.value(), text_of(label));
-}
+/// What a classifier answered, or a function in its place.
+using Verdict = host::Recognised<Label>;
 
 }  // namespace tavik::characterization

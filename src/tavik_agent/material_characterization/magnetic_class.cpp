@@ -44,41 +44,39 @@ bool all_simple_ferromagnets(const Module& module, const Value& species) {
          host::all_are_in(species, [&] { return species_from(module, simple_ferromagnets); });
 }
 
-bool asks_for_collinear_cell(Text& text) {
-  return text.mentions(Group::collinear) && text.mentions(Group::small_cell);
+bool asks_for_collinear_cell(const text::Mentions& words) {
+  return words.has(Group::collinear) && words.has(Group::small_cell);
 }
 
 }  // namespace
 
 Label _magnetic_class(const Module& module, const Value& species, const FormulaHint& formula_hint,
                       Text& combined_text, const Verdict& correlation_class,
-                      const Value& intent_magnetism, const Value& intent_complexity) {
+                      const IntentField& intent_magnetism, const IntentField& intent_complexity) {
   const auto is_nio = [&] { return host::equals(formula_hint.value(), "NiO"); };
   const auto is_oxide = [&] { return is_transition_metal_oxide(module, species); };
   const auto is_correlated_oxide = [&] {
-    return is(correlation_class, Label::dftu_sensitive) && (is_nio() || is_oxide());
+    return correlation_class.is(Label::dftu_sensitive) && (is_nio() || is_oxide());
   };
 
-  if (host::equals(intent_magnetism, "non-collinear")) return Label::noncollinear_template;
-  if (host::equals_any(intent_magnetism, {"antiferromagnetic", "ferrimagnetic"})) {
-    return Label::template_antiferromagnet;
-  }
-  if (host::equals(intent_magnetism, "ferromagnetic")) {
+  if (intent_magnetism.is(IntentWord::non_collinear)) return Label::noncollinear_template;
+  if (intent_magnetism.is(IntentWord::antiferromagnetic)) return Label::template_antiferromagnet;
+  if (intent_magnetism.is(IntentWord::ferrimagnetic)) return Label::template_antiferromagnet;
+  if (intent_magnetism.is(IntentWord::ferromagnetic)) {
     return !host::is_empty(species) && any_from(module, simple_ferromagnets, species)
                ? Label::simple_ferromagnet
                : Label::collinear_magnetic;
   }
-  if (host::equals(intent_magnetism, "nonmagnetic")) return Label::nonmagnetic;
+  if (intent_magnetism.is(IntentWord::nonmagnetic)) return Label::nonmagnetic;
 
+  const text::Mentions words = combined_text.mentions();
   // A small collinear cell asked for in so many words outranks any wording of magnetic order.
-  if (asks_for_collinear_cell(combined_text) && is_correlated_oxide()) {
+  if (asks_for_collinear_cell(words) && is_correlated_oxide()) {
     return Label::collinear_magnetic;
   }
-  if (combined_text.mentions(Group::noncollinear_or_spin_orbit)) {
-    return Label::noncollinear_template;
-  }
-  if (combined_text.mentions(Group::antiferromagnetic)) return Label::template_antiferromagnet;
-  if (combined_text.mentions(Group::alpha_manganese)) return Label::complex_magnetic;
+  if (words.has(Group::noncollinear_or_spin_orbit)) return Label::noncollinear_template;
+  if (words.has(Group::antiferromagnetic)) return Label::template_antiferromagnet;
+  if (words.has(Group::alpha_manganese)) return Label::complex_magnetic;
 
   if (is_complex_magnet(module, species)) return Label::complex_magnetic;
   // Of the correlated oxides only NiO has an order to start from; the others stay open.

@@ -18,7 +18,7 @@ bool is_two_dimensional(const Verdict& structure_archetype) {
                               Label::mxene_2d,
                               Label::two_dimensional,
                               Label::layered_parent_exfoliation};
-  return std::ranges::any_of(labels, [&](Label label) { return is(structure_archetype, label); });
+  return std::ranges::any_of(labels, [&](Label label) { return structure_archetype.is(label); });
 }
 
 }  // namespace
@@ -27,18 +27,18 @@ Label _material_family(const Module& module, const Value& species, const Verdict
                        const Verdict& electronic_class, const FormulaHint& formula_hint,
                        const Verdict& structure_archetype) {
   if (is_two_dimensional(structure_archetype)) return Label::two_dimensional;
-  if (is(structure_mode, Label::molecule_or_cluster)) return Label::molecule;
+  if (structure_mode.is(Label::molecule_or_cluster)) return Label::molecule;
   if (formula_hint.is_in(module, Global::SEMICONDUCTOR_FORMULAS) ||
-      is(electronic_class, Label::semiconductor)) {
+      electronic_class.is(Label::semiconductor)) {
     return Label::semiconductor;
   }
-  if (host::ends_with(formula_hint.value(), 'O') || host::contains(species, host::string("O"))) {
+  if (host::ends_with(formula_hint.value(), 'O') || host::contains_text(species, "O")) {
     return Label::oxide;
   }
-  if (host::length(species) == 1 && is(electronic_class, Label::metal)) {
+  if (host::length(species) == 1 && electronic_class.is(Label::metal)) {
     return Label::elemental_metal;
   }
-  if (host::length(species) >= 2 && is(electronic_class, Label::metal)) return Label::alloy;
+  if (host::length(species) >= 2 && electronic_class.is(Label::metal)) return Label::alloy;
   return Label::other;
 }
 

@@ -18,9 +18,12 @@ Module::Module(Value names)
       labels_(host::interned<Label>()),
       record_keys_(host::interned<RecordKey>()),
       input_keys_(host::interned<InputKey>()),
-      wishes_(host::interned<Wish>()) {
+      wishes_(host::interned<Wish>()),
+      intent_words_(host::interned<IntentWord>()) {
   for (const Global name : host::all_words<Global>()) {
     own_[name] = host::look_up(namespace_, names_[name]);
+    holds_empty_string_[static_cast<std::size_t>(name)] =
+        host::is_exact_frozen_set(own_[name]) && host::contains(own_[name], host::empty_string());
   }
   for (const Decision decision : host::all_words<Decision>()) {
     for (const Label label : host::all_words<Label>()) {

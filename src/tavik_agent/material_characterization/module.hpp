@@ -7,6 +7,7 @@
 
 #include <array>
 #include <atomic>
+#include <bitset>
 #include <cstdint>
 #include <optional>
 
@@ -14,6 +15,7 @@
 #include "host/value.hpp"
 #include "host/vocabulary.hpp"
 #include "material_characterization/element_symbols.hpp"
+#include "material_characterization/intent_words.hpp"
 #include "material_characterization/labels.hpp"
 #include "material_characterization/made_once.hpp"
 #include "material_characterization/names.hpp"
@@ -58,10 +60,17 @@ class Module {
   /// Whether the name is bound to what the module was loaded with.
   bool has_own(Global name) const { return is_untouched() || look_up_in_namespace(name).is_own(); }
 
+  /// "" in TABLE, for a frozen set that the module was loaded with. Many requests have no formula,
+  /// and four classifiers ask three tables for it.
+  bool own_table_holds_empty_string(Global table) const {
+    return holds_empty_string_[static_cast<std::size_t>(table)];
+  }
+
   const host::Value& label(Label label) const { return labels_[label]; }
   const host::Value& key(RecordKey key) const { return record_keys_[key]; }
 
   const host::Value& wish(Wish wish) const { return wishes_[wish]; }
+  const host::Value& intent_word(IntentWord word) const { return intent_words_[word]; }
   /// In hundredths, a multiple of five.
   const host::Value& confidence(unsigned hundredths) const { return confidences_[hundredths / 5]; }
 
@@ -118,6 +127,7 @@ class Module {
     each(input_keys_);
     for (auto& messages : messages_) each(messages);
     each(wishes_);
+    each(intent_words_);
     each(confidences_);
     for (auto& slot : record_templates_) {
       if (RecordTemplate* const record = slot.made()) record->for_each_held(one);
@@ -138,11 +148,13 @@ class Module {
   host::Value mapping_type_;
   host::Indexed<Global> names_;
   host::Indexed<Global> own_;
+  std::bitset<host::Indexed<Global>::size> holds_empty_string_;
   host::Indexed<Label> labels_;
   host::Indexed<RecordKey> record_keys_;
   host::Indexed<InputKey> input_keys_;
   std::array<host::Indexed<Label>, host::Indexed<Decision>::size> messages_;
   host::Indexed<Wish> wishes_;
+  host::Indexed<IntentWord> intent_words_;
   std::array<host::Value, 20> confidences_;  ///< 0 to 0.95
   mutable std::array<MadeOnce<RecordTemplate>, 64> record_templates_;
   std::optional<ElementSymbols> element_symbols_;

@@ -19,7 +19,10 @@ constexpr std::array other_keys_always_present{RecordKey::species, RecordKey::fo
 
 // The host's object for a working value.
 const Value& host_object(const Module&, const Value& value) { return value; }
-const Value& host_object(const Module&, const Verdict& label) { return label.value(); }
+template <class Word>
+const Value& host_object(const Module&, const host::Recognised<Word>& word) {
+  return word.value();
+}
 const Value& host_object(const Module&, const FormulaHint& hint) { return hint.value(); }
 const Value& host_object(const Module& module, Wish wish) { return module.wish(wish); }
 const Value& host_object(const Module& module, unsigned hundredths) {
@@ -30,8 +33,9 @@ host::Lent host_object(const Module&, bool truth) { return host::boolean(truth);
 // What a template holds for it: the module's own words, and nothing of the material's.
 Value template_value(const Module&, const Value&) { return host::empty_string(); }
 Value template_value(const Module&, const FormulaHint&) { return host::empty_string(); }
-Value template_value(const Module& module, const Verdict& label) {
-  return module.label(label.own().value_or(Label::unknown)).another();
+template <class Word>
+Value template_value(const Module&, const host::Recognised<Word>& word) {
+  return word.own() ? word.value().another() : host::empty_string();
 }
 Value template_value(const Module& module, auto word) {
   const auto& held = host_object(module, word);
@@ -39,19 +43,28 @@ Value template_value(const Module& module, auto word) {
   return value.another();
 }
 
-/// Different for nearly all sets of labels, wishes and confidences.
+template <class Word>
+std::size_t number_of(const host::Recognised<Word>& word) {
+  return static_cast<std::size_t>(word.own().value_or(Word{}));
+}
+
+/// Different for nearly all sets of labels, words and confidences.
 std::size_t template_number(const Characterization& call) {
-  std::uint64_t number = call.confidence / 5;
-  const auto add = [&](auto word) { number = number * 32 + static_cast<std::uint64_t>(word); };
-  for (const Verdict* const label :
-       {&call.structure_mode, &call.structure_archetype, &call.electronic_class,
-        &call.magnetic_class, &call.correlation_class, &call.material_family}) {
-    add(label->own().value_or(Label::unknown));
-  }
-  add(call.requested_energy_unit);
-  add(call.explicit_spin_mode);
+  std::size_t number = call.confidence;
+  const auto add = [&](std::size_t digit) { number = number * 37 + digit; };
+  add(number_of(call.structure_mode));
+  add(number_of(call.structure_archetype));
+  add(number_of(call.electronic_class));
+  add(number_of(call.magnetic_class));
+  add(number_of(call.correlation_class));
+  add(number_of(call.material_family));
+  add(number_of(call.intent_complexity));
+  add(number_of(call.intent_correlation));
+  add(number_of(call.intent_magnetism));
+  add(static_cast<std::size_t>(call.requested_energy_unit));
+  add(static_cast<std::size_t>(call.explicit_spin_mode));
   add(call.intent_driven);
-  return static_cast<std::size_t>(number * 0x9E3779B97F4A7C15U >> 32);
+  return number * 0x9E3779B97F4A7C15U >> 32;
 }
 
 const RecordTemplate& record_template(const Characterization& call) {
@@ -64,12 +77,16 @@ const RecordTemplate& record_template(const Characterization& call) {
   });
 }
 
-bool is_decided(const Verdict& label) { return !is(label, Label::unknown); }
+bool is_decided(const Verdict& label) { return !label.is(Label::unknown); }
+
+bool is_given(const IntentField& field) {
+  return field.own() ? *field.own() != IntentWord::none : !host::is_empty(field.value());
+}
 
 bool is_intent_driven(const Characterization& call) {
   return !call.intent_species.empty() || !host::is_empty(call.intent_formula) ||
-         !host::is_empty(call.intent_complexity) || !host::is_empty(call.intent_correlation) ||
-         !host::is_empty(call.intent_magnetism);
+         is_given(call.intent_complexity) || is_given(call.intent_correlation) ||
+         is_given(call.intent_magnetism);
 }
 
 /// The items of the base's evidence, then this call's, each once.

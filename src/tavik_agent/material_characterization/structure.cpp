@@ -23,7 +23,7 @@ bool is_written(const Value& value) {
 /// The structure description, or "" when there is no intent.
 Value description_in(const Module& module, const Fields& query_intent) {
   if (query_intent.is_empty()) return host::empty_string();
-  return intent_field(module, query_intent, InputKey::structure_description);
+  return intent_text(module, query_intent, InputKey::structure_description);
 }
 
 /// What the query alone mentions. Stripping can only change what the end of the text makes of a
@@ -77,7 +77,7 @@ Label _structure_archetype(const Module& module, const Verdict& structure_mode, 
   if (words.has(Group::two_dimensional)) return Label::two_dimensional;
   if (words.has(Group::surface)) return Label::surface_slab;
   // Vacuum alone says little: a molecule has it too, and a bulk cue outweighs it.
-  if (words.has(Group::vacuum) && is(structure_mode, Label::periodic_bulk) &&
+  if (words.has(Group::vacuum) && structure_mode.is(Label::periodic_bulk) &&
       words.has(Group::slab_context) && !words.has(Group::bulk_cue)) {
     return Label::surface_slab;
   }

@@ -36,11 +36,11 @@ Label classify_system_class(const Module& module, const Value& given_species,
   const Value simple_fm = species_from(module, Global::phase1_simple_ferromagnet_species);
   const Value magnetic_seed_species = species_from(module, Global::collinear_magmom_seed_species);
 
-  if (is(structure_archetype, Label::graphene_2d)) return Label::unknown;
-  if (is(structure_archetype, Label::hbn_2d)) return Label::insulator;
-  if (is(structure_archetype, Label::tmd_2d)) return Label::semiconductor;
-  if (is(structure_archetype, Label::phosphorene_2d)) return Label::semiconductor;
-  if (is(structure_archetype, Label::mxene_2d)) return Label::metal;
+  if (structure_archetype.is(Label::graphene_2d)) return Label::unknown;
+  if (structure_archetype.is(Label::hbn_2d)) return Label::insulator;
+  if (structure_archetype.is(Label::tmd_2d)) return Label::semiconductor;
+  if (structure_archetype.is(Label::phosphorene_2d)) return Label::semiconductor;
+  if (structure_archetype.is(Label::mxene_2d)) return Label::metal;
   if (formula_hint.is_in(module, Global::SEMICONDUCTOR_FORMULAS)) return Label::semiconductor;
   if (formula_hint.is_in(module, Global::INSULATOR_FORMULAS)) return Label::insulator;
   if (formula_hint.is_in(module, Global::DFTU_SENSITIVE_FORMULAS)) return Label::insulator;
