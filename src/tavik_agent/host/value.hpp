@@ -48,6 +48,8 @@ class Value {
  private:
   friend class Lent;
   friend class Seldom;
+  template <class Word>
+  friend class Recognised;
   explicit Value(PyObject* object) : object_(object) {}
   PyObject* object_ = nullptr;
 };

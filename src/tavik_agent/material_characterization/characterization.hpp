@@ -19,24 +19,18 @@ struct Inputs {
   host::Lent planner_manifest;
   host::Lent previous_steps_params;
   const Value& base_characterization;
-  Fields step_params;
-  Fields query_intent;
+  const Fields& step_params;
+  const Fields& query_intent;
 };
 
 struct Characterization : Inputs {
-  Characterization(const Module& owner, Inputs inputs)
-      : Inputs(std::move(inputs)), module(owner), combined(&query_text) {}
+  Characterization(const Module& owner, const Inputs& inputs)
+      : Inputs(inputs), module(owner), combined(&query_text) {}
 
   const Module& module;
 
-  host::Values messages;  ///< the evidence, so far
-
-  host::Values intent_species;
-  std::optional<Text> joined_text;  ///< unless the joined text is the query itself
   Text* combined;
   Value species;
-
-  Value intent_formula;
   FormulaHint formula_hint;
 
   Verdict structure_mode;
@@ -45,18 +39,23 @@ struct Characterization : Inputs {
   IntentField intent_correlation;
   IntentField intent_magnetism;
   IntentField intent_complexity;
-  Value intent_units;
   Verdict correlation_class;
   Verdict magnetic_class;
   Verdict material_family;
 
   Wish requested_energy_unit = Wish::none;
   Wish explicit_spin_mode = Wish::none;
+  bool intent_driven = false;
   unsigned confidence = 0;  ///< in hundredths
 
+  Value intent_formula;
+  Value intent_units;
   Value step;
-  bool intent_driven = false;
   Value evidence;
+
+  host::Values messages;  ///< the evidence, so far
+  host::Values intent_species;
+  std::optional<Text> joined_text;  ///< unless the joined text is the query itself
 
   void report(std::string_view prefix, const Value& value, std::string_view suffix = "") {
     report(host::message(prefix, value, suffix));

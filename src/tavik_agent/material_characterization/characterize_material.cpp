@@ -15,18 +15,18 @@ Value characterize_material(const Module& module, const Value& step, const Value
                             const Value& previous_steps_params, const Value& base_characterization,
                             const Value& query_intent) {
   // Emptiness is a question to the host, so the order in which it is asked is part of the contract.
-  const host::Lent params = unless_empty(step_params);
+  const Fields params(unless_empty(step_params));
   const host::Lent earlier_params = unless_empty(previous_steps_params);
   const host::Lent manifest = unless_empty(planner_manifest);
-  const host::Lent intent = unless_empty(query_intent);
+  const Fields intent(unless_empty(query_intent));
   Characterization call(module, {.given_step = step,
                                  .query_text = query_text,
                                  .findings = findings,
                                  .planner_manifest = manifest,
                                  .previous_steps_params = earlier_params,
                                  .base_characterization = base_characterization,
-                                 .step_params = Fields(params),
-                                 .query_intent = Fields(intent)});
+                                 .step_params = params,
+                                 .query_intent = intent});
   read_intent_species(call);
   join_texts(call);
   resolve_species(call);

@@ -27,18 +27,37 @@ void append_part(const Module& module, host::Values& fragments, const Value& par
   }
 }
 
+bool has_own_combined_text(const Module& module) { return module.has_own(Global::_combined_text); }
+
 /// The findings as `_combined_text` is given them: a list of its own, unless nobody could tell.
 Value given_findings(const Characterization& call) {
-  const bool is_own = call.module.has_own(Global::_combined_text);
   const bool is_plain = call.findings.is_null() || host::is_list_of_exact_strings(call.findings);
-  return is_own && is_plain ? call.findings.another() : host::list_of(call.findings);
+  return is_plain && has_own_combined_text(call.module) ? call.findings.another()
+                                                        : host::list_of(call.findings);
 }
 
 Value combine(const Module& module, const std::array<Lent, 4>& parts) {
-  const Current current = module.look_up(Global::_combined_text);
-  if (current.is_own()) return _combined_text(module, parts);
-  return host::call(current.value(), parts[0].value(), parts[1].value(), parts[2].value(),
-                    parts[3].value());
+  if (has_own_combined_text(module)) return _combined_text(module, parts);
+  return host::call(module.look_up(Global::_combined_text).value(), parts[0].value(),
+                    parts[1].value(), parts[2].value(), parts[3].value());
+}
+
+Value combine_all(const Characterization& call) {
+  const Value findings = given_findings(call);
+  const auto read = [&](InputKey key) {
+    return call.planner_manifest ? call.module.read(call.planner_manifest, key) : Value::null();
+  };
+  const Value purpose = read(InputKey::purpose);
+  const Value notes = read(InputKey::notes);
+  return combine(call.module, {Lent(call.query_text.value().get()), Lent(findings.get()),
+                               Lent(purpose.get()), Lent(notes.get())});
+}
+
+/// Whether there is nothing that the query could be joined with. Most calls are such, and are
+/// spared 250 instructions.
+bool stands_alone(const Characterization& call) {
+  return call.findings.is_null() && !call.planner_manifest &&
+         host::is_exact_string(call.query_text.value()) && has_own_combined_text(call.module);
 }
 
 }  // namespace
@@ -50,16 +69,10 @@ Value _combined_text(const Module& module, std::span<const Lent> parts) {
 }
 
 void join_texts(Characterization& call) {
-  const Value findings = given_findings(call);
-  const auto read = [&](InputKey key) {
-    return call.planner_manifest ? call.module.read(call.planner_manifest, key) : Value::null();
-  };
-  const Value purpose = read(InputKey::purpose);
-  const Value notes = read(InputKey::notes);
-  Value joined = combine(call.module, {Lent(call.query_text.value().get()), Lent(findings.get()),
-                                       Lent(purpose.get()), Lent(notes.get())});
-  // A query that stands alone is the joined text, and what is learnt of it is learnt once.
-  if (joined.is_same(call.query_text.value())) return;
+  const Value& query = call.query_text.value();
+  Value joined = stands_alone(call) ? host::strip(query) : combine_all(call);
+  // When the query is the joined text, what is learnt of it is learnt once.
+  if (joined.is_same(query)) return;
   call.combined = &call.joined_text.emplace(std::move(joined), call.query_text);
 }
 

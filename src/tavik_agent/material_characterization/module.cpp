@@ -54,8 +54,8 @@ Current Module::look_up_in_namespace(Global name) const {
 }
 
 Value Module::message_about(Decision decision, const Verdict& label) const {
-  return label.own() ? messages_[static_cast<std::size_t>(decision)][*label.own()].another()
-                     : host::message(host::Indexed<Decision>::text(decision), label.value());
+  return label.is_own() ? messages_[static_cast<std::size_t>(decision)][label.word()].another()
+                        : host::message(host::Indexed<Decision>::text(decision), label.value());
 }
 
 std::optional<InputKey> Module::input_key(const Value& string) const {

@@ -35,7 +35,7 @@ Value template_value(const Module&, const Value&) { return host::empty_string();
 Value template_value(const Module&, const FormulaHint&) { return host::empty_string(); }
 template <class Word>
 Value template_value(const Module&, const host::Recognised<Word>& word) {
-  return word.own() ? word.value().another() : host::empty_string();
+  return word.is_own() ? word.value().another() : host::empty_string();
 }
 Value template_value(const Module& module, auto word) {
   const auto& held = host_object(module, word);
@@ -43,26 +43,21 @@ Value template_value(const Module& module, auto word) {
   return value.another();
 }
 
-template <class Word>
-std::size_t number_of(const host::Recognised<Word>& word) {
-  return static_cast<std::size_t>(word.own().value_or(Word{}));
-}
-
 /// Different for nearly all sets of labels, words and confidences.
-std::size_t template_number(const Characterization& call) {
-  std::size_t number = call.confidence;
-  const auto add = [&](std::size_t digit) { number = number * 37 + digit; };
-  add(number_of(call.structure_mode));
-  add(number_of(call.structure_archetype));
-  add(number_of(call.electronic_class));
-  add(number_of(call.magnetic_class));
-  add(number_of(call.correlation_class));
-  add(number_of(call.material_family));
-  add(number_of(call.intent_complexity));
-  add(number_of(call.intent_correlation));
-  add(number_of(call.intent_magnetism));
-  add(static_cast<std::size_t>(call.requested_energy_unit));
-  add(static_cast<std::size_t>(call.explicit_spin_mode));
+std::uint64_t template_number(const Characterization& call) {
+  std::uint64_t number = call.confidence;
+  const auto add = [&](auto word) { number = number << 5 ^ static_cast<std::uint64_t>(word); };
+  add(call.structure_mode.word());
+  add(call.structure_archetype.word());
+  add(call.electronic_class.word());
+  add(call.magnetic_class.word());
+  add(call.correlation_class.word());
+  add(call.material_family.word());
+  add(call.intent_complexity.word());
+  add(call.intent_correlation.word());
+  add(call.intent_magnetism.word());
+  add(call.requested_energy_unit);
+  add(call.explicit_spin_mode);
   add(call.intent_driven);
   return number * 0x9E3779B97F4A7C15U >> 32;
 }
@@ -80,7 +75,7 @@ const RecordTemplate& record_template(const Characterization& call) {
 bool is_decided(const Verdict& label) { return !label.is(Label::unknown); }
 
 bool is_given(const IntentField& field) {
-  return field.own() ? *field.own() != IntentWord::none : !host::is_empty(field.value());
+  return field.is_own() ? field.word() != IntentWord::none : !host::is_empty(field.value());
 }
 
 bool is_intent_driven(const Characterization& call) {
