@@ -124,6 +124,16 @@ def test_intent_is_read_by_its_own_get_in_order():
     assert (found["formula_hint"], found["intent_driven"]) == ("NiO", True)
 
 
+def test_inputs_are_read_as_they_are_by_then():
+    class Symbol(str):
+        def strip(self):
+            params["atom"] = {"xyz": [1]}
+            return "Fe"
+
+    params = {"element": [{"species": Symbol()}]}
+    assert characterize(step_params=params)["structure_mode"] == "molecule_or_cluster"
+
+
 CLASSIFIERS = "_structure_mode _structure_archetype _electronic_class _correlation_class \
 _magnetic_class _material_family"
 LABELS = {name: name.split("_")[-1] + str(i) for i, name in enumerate(CLASSIFIERS.split())}
