@@ -15,7 +15,7 @@ FUNCTIONS = {
     "_combined_text": lambda: {"parts": ["a ", {"b": 1}, None]},
     "_species_from_element_block": lambda: {"element_block": {"Fe": {"species": " fe"}, "O": 1}},
     "_formula_parts": lambda: {"token": "Fe1234567890123456789012O3"},
-    "_species_from_text": lambda: {"text": "iron oxide and rutile, with NiO and Ångström"},
+    "_species_from_text": lambda: {"text": "quartz, graphite and iron, with NiO and Ångström"},
     "_formula_hint": lambda: {"text": "no such thing", "species": ["O", "Ni"]},
     "_structure_mode": lambda: {"step_params": {"domain": {}}, "combined_text": "bulk"},
     "_structure_archetype": lambda: {

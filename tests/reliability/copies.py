@@ -2,9 +2,12 @@
 
 import importlib.machinery
 import importlib.util
+import time
 import types
+from unittest import mock
 
 from tavik_agent import material_characterization as mc
+from tavik_agent import material_reference_data as reference
 
 LOADER = importlib.machinery.ExtensionFileLoader(mc.__name__, mc.__file__)
 PLAIN = {types.MappingProxyType: dict, frozenset: set, set: frozenset}
@@ -21,14 +24,33 @@ def fresh():
     return module
 
 
-def replaced():
-    """A module that finds other tables and functions under its names, all of the same effect."""
+def names(module):
+    return {name: value for name, value in vars(module).items() if not name.startswith("__")}
+
+
+def rebind(module, own):
+    """Binds the names to other tables and functions of the same effect as their own, of which the
+    functions let other threads run."""
 
     def passing_on(function):
-        return lambda *args, **kwargs: function(*args, **kwargs)
+        return lambda *args, **kwargs: time.sleep(0) or function(*args, **kwargs)
 
-    module = fresh()
-    for name, value in [*vars(module).items()]:
-        if not name.startswith("__") and not name.endswith("_RE"):
+    for name, value in own.items():
+        if not name.endswith("_RE"):
             setattr(module, name, PLAIN.get(type(value), passing_on)(value))
+
+
+def replaced():
+    module = fresh()
+    rebind(module, names(module))
+    return module
+
+
+def indexed_slowly():
+    """A module that lets other threads run while it makes its index and while it reads it."""
+    kind = type("Yielding", (dict,), {"copy": lambda self: time.sleep(0) or dict(self)})
+    aliases = types.MappingProxyType(kind(reference.FORMULA_ALIASES))
+    with mock.patch.object(reference, "FORMULA_ALIASES", aliases):
+        module = fresh()
+    rebind(module, {name: own for name, own in names(module).items() if callable(own)})
     return module

@@ -116,7 +116,7 @@ def failing_calls(module):
         with contextlib.suppress(hostile.Failure, AttributeError, TypeError, ValueError):
             calls.call(module, name, make() | {parameter: [value]})
 
-    value = hostile.with_method(str, "lower", fail)
+    value = hostile.with_method(str, "lower", fail)()
     for name, make in calls.FUNCTIONS.items():
         yield functools.partial(refused, module, name)
         yield from (functools.partial(call, name, make, parameter) for parameter in make())

@@ -2,6 +2,10 @@
 
 import collections.abc
 import copy
+import functools
+import itertools
+
+from . import calls
 
 CONTENT = {"species": ["Fe"], "element": {"Fe": 1}, "evidence": ["A"], "units": {"energy": "eV"}}
 
@@ -23,14 +27,22 @@ class Mapping(collections.abc.Mapping):
         return len(CONTENT)
 
 
+class Key(str):
+    """Lies in a mapping where "species" is looked for, and is compared with it."""
+
+    def __hash__(self):
+        return hash("species")
+
+
 METHODS = {
     dict: "get __contains__ items keys __len__ __bool__ __getitem__ __iter__ __str__ __repr__",
-    Mapping: "get __contains__ items __len__ __bool__ __getitem__ __iter__ __str__",
+    Mapping: "get __contains__ items __len__ __bool__ __getitem__ __iter__ __str__ __class__",
     list: "__iter__ __len__ __bool__ __contains__ __str__ __repr__ __getitem__",
     set: "__iter__ __len__ __contains__ union issubset",
     str: "lower upper strip isalpha endswith __str__ __len__ __bool__ __eq__ __hash__ __iter__",
+    Key: "__eq__",
     object: "__iter__ __len__ __bool__ __contains__ __str__ __float__ __eq__ __hash__ __call__ get "
-    "items union",
+    "items union __class__ __getattribute__",
 }
 # What a failing method may raise: from everywhere, and where the host calls it by its name.
 ERRORS = [Failure, KeyboardInterrupt, MemoryError, RecursionError]
@@ -44,12 +56,17 @@ ANSWERS = {
     "__iter__": [iter(["Fe"]), ["Fe"]],
     "items": [[("Fe", 1)], [(1, 2, 3)], [5], None],
 }
+KEYS = "species formula element atom xyz domain latvec units energy purpose notes confidence \
+evidence correlation magnetism complexity_hint structure_description"
 OTHER_ANSWERS = ["Fe", "\ud800\0", ["O"], None, -1, {"species": "Ni"}]
 
 
 def with_method(kind, method, body):
-    content = {dict: [copy.deepcopy(CONTENT)], list: [["Fe"]], set: [["Fe"]], str: ["Fe2O3"]}
-    return type("Hostile", (kind,), {method: body})(*content.get(kind, []))
+    """Makes a new value of that kind in each call, so that only those who were given it hold it."""
+    body = property(body) if method == "__class__" else body
+    content = {dict: [CONTENT], list: [["Fe"]], set: [["Fe"]], str: ["Fe2O3"], Key: ["Fe2O3"]}
+    made = type("Hostile", (kind,), {"__hash__": kind.__hash__, method: body})
+    return functools.partial(made, *content.get(kind, []))
 
 
 def rows():
@@ -57,7 +74,7 @@ def rows():
 
 
 def failing(raised):
-    """Values of which one method fails with an error that it appends to `raised`."""
+    """Makers of values of which one method fails with an error that it appends to `raised`."""
     for kind, method in rows():
         by_name = kind is not Mapping and method in ("get", "items", "lower", "strip", "__str__")
         for error in ERRORS + ERRORS_BY_NAME * by_name:
@@ -70,12 +87,30 @@ def failing(raised):
 
 
 def answering(act):
-    """Values of which one method calls `act`, then gives one odd answer or another."""
+    """Makers of values of which one method calls `act`, then gives one odd answer or another."""
     for kind, method in rows():
-        for answer in [*ANSWERS.get(method, []), *OTHER_ANSWERS]:
+        others = OTHER_ANSWERS if method != "__hash__" else []  # which the host would leak
+        for answer in [*ANSWERS.get(method, []), *others]:
 
             def body(self, *args, answer=answer, **kwargs):
                 act()
-                return self if answer == -1 else answer
+                return self if answer == -1 else copy.copy(answer)
 
             yield with_method(kind, method, body)
+
+
+def places(make):
+    found = [make(), ["Ni", make(), make()], {key: make() for key in KEYS.split()}]
+    found.append({"a": {"element": make()}, "species": [make()], "units": {"energy": make()}})
+    if type(found[0]).__base__ is Key:
+        found += [{make(): "Fe"}, {"element": {make(): "Fe"}}]
+    return found
+
+
+def calls_with(make):
+    """(function, arguments) with a new value in every place of every function's arguments."""
+    for name, others in calls.FUNCTIONS.items():
+        for parameter, place in itertools.product(others(), range(len(places(make)))):
+            yield name, others() | {parameter: places(make)[place]}
+            if name == "characterize_material":  # alone, where no other argument decides first
+                yield name, {"step": "", parameter: places(make)[place]}
