@@ -3,6 +3,7 @@ interpreters. python -m reliability.endurance runs it at full length and prints 
 
 import _interpreters
 import _testcapi
+import collections
 import contextlib
 import ctypes
 import functools
@@ -60,7 +61,7 @@ def fail_each_allocation(start_failing, prepare, call, check):
         gc.enable()
         check(module, found)
         failed, passed = (failed + 1, 0) if found is MemoryError else (failed, passed + 1)
-        n += max(1, n // 250)  # loading makes tens of thousands by `new`
+        n += 1
     return failed
 
 
@@ -85,55 +86,53 @@ def check_failing_memory(start_failing):
     yield fail_each_allocation(start_failing, copies.unloaded, load, check_loaded)
 
 
-def growth(call, times):
-    """The growth in allocated blocks and resident bytes over a batch of calls, of several batches
-    the first that lost next to nothing: the host's caches grow in some, what a call loses in all.
-    """
+def sizes(watched):
+    """References to the watched values, allocated blocks and resident bytes."""
+    gc.collect()
+    with open("/proc/self/statm") as statm:
+        size = int(statm.read().split()[1]) * resource.getpagesize()
+    return sum(map(sys.getrefcount, watched)), sys.getallocatedblocks(), size
+
+
+def growth(call, times, most, watched):
+    """What these sizes grow by over a batch of calls, of several batches the first that stays in
+    bounds: the host's caches grow in some, what a call loses in all."""
     for _ in range(12):
-        gc.collect()
-        blocks, size = sys.getallocatedblocks(), resident()
+        before = sizes(watched)
         for _ in range(times):
             call()
-        gc.collect()
-        blocks, size = sys.getallocatedblocks() - blocks, resident() - size
-        if blocks < times // 2 and size < 2**18:
-            break
-    return blocks, size
+        grown = [now - then for now, then in zip(sizes(watched), before, strict=True)]
+        if abs(grown[0]) < most and grown[1] < most and grown[2] < 2**18:
+            return grown
+    raise AssertionError(f"{call} grew by {grown}")
 
 
-def resident():
-    with open("/proc/self/statm") as statm:
-        return int(statm.read().split()[1]) * resource.getpagesize()
+def check_growth(good, bad, rounds):
+    """Good and refused calls of every function, rounds of all hostile values as arguments and under
+    the module's names, and new modules up to the first search; returns the worst growth of each."""
+    module, raised = copies.fresh(), collections.deque(maxlen=1)
+    makers = [*hostile.failing(raised), *hostile.answering(lambda: None)]
+    names, own, rows = [*calls.FUNCTIONS], copies.names(module), []
 
+    def hostile_calls():
+        for name, arguments in itertools.chain.from_iterable(map(hostile.calls_with, makers)):
+            with contextlib.suppress(BaseException):
+                calls.call(module, name, arguments)
+        for name, make, function in itertools.product(own, makers[::7], names):
+            setattr(module, name, make())
+            with contextlib.suppress(BaseException):
+                calls.result(module, function)
+            setattr(module, name, own[name])
+        raised.clear()
 
-def failing_calls(module):
-    """Of every function one that does not fit, and one that fails for each parameter."""
-
-    def fail(self, *args, **kwargs):
-        raise hostile.Failure
-
-    def call(name, make, parameter):
-        with contextlib.suppress(hostile.Failure, AttributeError, TypeError, ValueError):
-            calls.call(module, name, make() | {parameter: [value]})
-
-    value = hostile.with_method(str, "lower", fail)()
-    for name, make in calls.FUNCTIONS.items():
-        yield functools.partial(refused, module, name)
-        yield from (functools.partial(call, name, make, parameter) for parameter in make())
-
-
-def check_growth(good, bad):
-    """Good and failing calls of every function, and loads; returns the worst growth in each."""
-    module = copies.fresh()
-    rows = [(good, functools.partial(calls.result, module, name)) for name in calls.FUNCTIONS]
-    rows += [(bad, call) for call in failing_calls(module)] + [(50, copies.fresh)]
-    grown = []
-    for times, call in rows:
-        blocks, size = growth(call, times)
-        assert blocks < times // 2, (call, blocks)
-        assert size < 2**18, (call, size)
-        grown.append((blocks, size))
-    return [max(column) for column in zip(*grown, strict=True)]
+    for name in names:
+        rows.append((functools.partial(calls.result, module, name), good, good // 2))
+        rows.append((functools.partial(refused, module, name), bad, bad // 2))
+    rows.append((hostile_calls, rounds, 50))  # where the host's caches never rest
+    rows.append((lambda: calls.result(copies.fresh(), "_formula_hint"), 50, 25))
+    watched = [*own.values(), *calls.result(module, names[0]).values()]
+    watched += [calls.result(module, name) for name in names]
+    return [max(column) for column in zip(*(growth(*row, watched) for row in rows), strict=True)]
 
 
 def all_at_once(count, action, *arguments):
@@ -157,21 +156,25 @@ def all_at_once(count, action, *arguments):
 
 
 def check_threads(seconds, modules):
-    """Eight threads on the same arguments, from the first call of each new module on."""
-    shared = {name: make() for name, make in calls.FUNCTIONS.items()}
+    """Eight threads on the same arguments, from the first call of each new module on, each of them
+    from another function on. In two of three modules they take turns within a call too."""
+    order = [(name, make()) for name, make in calls.FUNCTIONS.items()]
+    starts = itertools.cycle(range(8))
 
     def work(module):
-        for name, arguments in [*shared.items()] * 20:
+        start = next(starts)
+        for name, arguments in (order[start:] + order[:start]) * 20:
             assert calls.call(module, name, arguments) == EXPECTED[name]
 
     interval, end = sys.getswitchinterval(), time.monotonic() + seconds
     sys.setswitchinterval(1e-5)
     used = 0
     while used < modules or time.monotonic() < end:
-        all_at_once(8, work, copies.fresh())
+        make = (copies.fresh, copies.replaced, copies.indexed_slowly)[used % 3]
+        all_at_once(8, work, make())
         used += 1
     sys.setswitchinterval(interval)
-    return used * 8 * 20 * len(shared)
+    return used * 8 * 20 * len(order)
 
 
 def check_interpreters(rounds):
@@ -201,7 +204,11 @@ def check_interpreters(rounds):
 def main():
     failed = [sum(check_failing_memory(start)) for start in (only_the_nth, from_the_nth)]
     print("calls ended by one failing allocation, by all from the n-th on:", *failed, flush=True)
-    print("most blocks, bytes that a row grew by:", *check_growth(100_000, 10_000), flush=True)
+    print(
+        "most references, blocks, bytes that a row grew by:",
+        *check_growth(100_000, 10_000, 10),
+        flush=True,
+    )
     print("calls on eight threads:", check_threads(10, 1), flush=True)
     print("interpreters:", check_interpreters(25), flush=True)
 

@@ -33,11 +33,11 @@ def test_no_failing_new_goes_unnoticed(tmp_path):
 
 
 def test_nothing_grows():
-    endurance.check_growth(1000, 250)
+    endurance.check_growth(1000, 250, 1)
 
 
 def test_eight_threads_agree():
-    endurance.check_threads(0, modules=3)
+    endurance.check_threads(0, modules=6)
 
 
 def test_interpreters_at_once():
