@@ -148,15 +148,6 @@ Value integer_of_ascii(std::string_view digits) {
 
 }  // namespace
 
-const text::CharacterTables& character_tables() {
-  static constexpr text::CharacterTables tables{
-      .is_word = [](char32_t c) { return c == U'_' || Py_UNICODE_ISALNUM(c) != 0; },
-      .is_space = [](char32_t c) { return Py_UNICODE_ISSPACE(c) != 0; },
-      .decimal_value = [](char32_t c) { return static_cast<int>(Py_UNICODE_TODECIMAL(c)); },
-  };
-  return tables;
-}
-
 Value string(std::string_view utf8) {
   // The host keeps one object for each string of one character.
   if (utf8.size() != 1 && is_ascii(utf8)) {
@@ -171,9 +162,10 @@ Value string(std::string_view utf8) {
 Value strip(const Value& value) {
   if (is_exact_ascii(value)) {
     const std::string_view whole = ascii_view(value);
-    const auto is_outer = [](char c) { return Py_ISSPACE(c) != 0 || (c >= 0x1C && c <= 0x1F); };
-    if (whole.empty() || (!is_outer(whole.front()) && !is_outer(whole.back())))
+    const auto is_inner = [](char c) { return c > ' '; };  // all white space lies below
+    if (whole.empty() || (is_inner(whole.front()) && is_inner(whole.back()))) {
       return value.another();
+    }
   }
   if (!is_exact_string(value)) return string_method(value, "strip");
   const auto is_space = [&](Py_ssize_t i) {

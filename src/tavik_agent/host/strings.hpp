@@ -12,7 +12,14 @@
 namespace tavik::host {
 
 /// The host's tables of character properties.
-const text::CharacterTables& character_tables();
+inline const text::CharacterTables& character_tables() {
+  static constexpr text::CharacterTables tables{
+      .is_word = [](char32_t c) { return c == U'_' || Py_UNICODE_ISALNUM(c) != 0; },
+      .is_space = [](char32_t c) { return Py_UNICODE_ISSPACE(c) != 0; },
+      .decimal_value = [](char32_t c) { return static_cast<int>(Py_UNICODE_TODECIMAL(c)); },
+  };
+  return tables;
+}
 
 /// The host string of UTF-8 text (lone surrogates included).
 Value string(std::string_view utf8);
