@@ -113,7 +113,7 @@ std::pair<Value, Value> unpack_pair(const Value& pair) {
 
 Value new_list() { return Value::steal(PyList_New(0)); }
 
-Value new_list(Values&& values) {
+Value new_list(Values values) {
   Value list = Value::steal(PyList_New(static_cast<Py_ssize_t>(values.size())));
   Py_ssize_t at = 0;
   for (Value& value : values) PyList_SET_ITEM(list.get(), at++, value.release());

@@ -138,7 +138,7 @@ std::pair<Value, Value> unpack_pair(const Value& pair);
 
 Value new_list();
 /// A new list that takes over the values.
-Value new_list(Values&& values);
+Value new_list(Values values);
 void append(const Value& list, const Value& item);
 /// A new tuple.
 template <class... Values>

@@ -68,7 +68,7 @@ class Lent {
   ~Lent() { value_.release(); }
 
   const Value& value() const { return value_; }
-  operator const Value&() const { return value_; }
+  operator const Value&() const { return value_; }  // NOLINT(*-explicit-*): it is one
   explicit operator bool() const { return static_cast<bool>(value_); }
 
  private:

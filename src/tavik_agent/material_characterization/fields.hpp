@@ -16,7 +16,7 @@ namespace tavik::characterization {
 class Fields {
  public:
   Fields() = default;
-  explicit Fields(host::Lent mapping) : mapping_(mapping) {}
+  explicit Fields(const host::Lent& mapping) : mapping_(mapping) {}
 
   /// not mapping
   bool is_empty() const { return !mapping_ || host::is_empty(mapping_); }

@@ -34,7 +34,7 @@ class Current {
 
   bool is_own() const { return own_ != nullptr; }
   const host::Value& value() const { return is_own() ? *own_ : other_.value(); }
-  operator const host::Value&() const { return value(); }
+  operator const host::Value&() const { return value(); }  // NOLINT(*-explicit-*): it is one
 
  private:
   const host::Value* own_ = nullptr;

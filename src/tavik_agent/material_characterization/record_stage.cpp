@@ -19,6 +19,7 @@ constexpr std::array other_keys_always_present{RecordKey::species, RecordKey::fo
 
 // The host's object for a working value.
 const Value& host_object(const Module&, const Value& value) { return value; }
+const Value& host_object(const Module&, Value&& value) = delete;  // it would not outlive the call
 template <class Word>
 const Value& host_object(const Module&, const host::Recognised<Word>& word) {
   return word.value();
