@@ -1,6 +1,6 @@
-// Which of 64 bytes are blanks or capitals, as a mask with a bit for each byte, the first one
-// lowest. The 128-bit instructions that every x86-64 processor has find them seven times as fast as
-// a loop over the bytes does.
+// Which of 64 bytes are blanks, capitals or small letters, as a mask with a bit for each byte, the
+// first one lowest. The 128-bit instructions that every x86-64 processor has find them seven times
+// as fast as a loop over the bytes does.
 #pragma once
 
 #include <cstdint>
@@ -33,10 +33,11 @@ inline std::uint64_t blanks_among(const char* bytes) {
   return mask_of(bytes, [](__m128i b) { return _mm_cmpeq_epi8(b, _mm_set1_epi8(blank)); });
 }
 
-inline std::uint64_t capitals_among(const char* bytes) {
+template <char first, char last>
+std::uint64_t range_among(const char* bytes) {
   return mask_of(bytes, [](__m128i b) {  // compared with their signs: bytes beyond ASCII lie below
-    return _mm_and_si128(_mm_cmpgt_epi8(b, _mm_set1_epi8('A' - 1)),
-                         _mm_cmplt_epi8(b, _mm_set1_epi8('Z' + 1)));
+    return _mm_and_si128(_mm_cmpgt_epi8(b, _mm_set1_epi8(first - 1)),
+                         _mm_cmplt_epi8(b, _mm_set1_epi8(last + 1)));
   });
 }
 
@@ -53,9 +54,15 @@ inline std::uint64_t blanks_among(const char* bytes) {
   return mask_of(bytes, [](char b) { return b == blank; });
 }
 
-inline std::uint64_t capitals_among(const char* bytes) { return mask_of(bytes, is_ascii_upper); }
+template <char first, char last>
+std::uint64_t range_among(const char* bytes) {
+  return mask_of(bytes, [](char b) { return b >= first && b <= last; });
+}
 
 #endif
+
+inline std::uint64_t capitals_among(const char* bytes) { return range_among<'A', 'Z'>(bytes); }
+inline std::uint64_t small_letters_among(const char* bytes) { return range_among<'a', 'z'>(bytes); }
 
 /// The mask of the 64 bytes of a text from `at` on, with zeros for those behind its end.
 template <class Mask>

@@ -3,16 +3,22 @@
 // to split it.
 #include "text/formula.hpp"
 
+#include <bit>
+
+#include "text/byte_masks.hpp"
+
 namespace tavik::text {
 namespace {
 
 constexpr int longest_token = 8;  // in parts
 
-/// The width of the word character at byte `at`; 0 when there is none.
-std::size_t word_character(std::string_view text, std::size_t at, const CharacterTables& tables) {
-  if (is_ascii(text[at])) return is_ascii_word(text[at]) ? 1 : 0;
-  const Character character = character_at(text, at);
-  return tables.is_word(character.code) ? character.width : 0;
+/// Capitals that may start a token: no letter stands before, and no two small letters behind. What
+/// lies outside of the block speaks against none.
+std::uint64_t token_starts_among(const char* bytes) {
+  const std::uint64_t capitals = capitals_among(bytes);
+  if (capitals == 0) return 0;
+  const std::uint64_t small = small_letters_among(bytes);
+  return capitals & ~((capitals | small) << 1) & ~(small >> 1 & small >> 2);
 }
 
 std::size_t after_digits(std::string_view text, std::size_t at, const CharacterTables& tables) {
@@ -43,6 +49,12 @@ bool starts_word(std::string_view text, std::size_t at, const CharacterTables& t
   return is_ascii(before) ? !is_ascii_word(before) : is_word_boundary(text, at, tables);
 }
 
+bool ends_word(std::string_view text, std::size_t at, const CharacterTables& tables) {
+  if (at == text.size()) return true;
+  if (is_ascii(text[at])) return !is_ascii_word(text[at]);
+  return !tables.is_word(character_at(text, at).code);
+}
+
 }  // namespace
 
 std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
@@ -65,22 +77,22 @@ FormulaParts split_formula(std::string_view text, const CharacterTables& tables)
   return parts;
 }
 
-std::size_t FormulaTokens::end_of_word(std::size_t at) const {
-  while (at < text_.size()) {
-    const std::size_t width = word_character(text_, at, tables_);
-    if (width == 0) break;
-    at += width;
+std::size_t FormulaTokens::next_start() {
+  while (starts_ == 0) {
+    if (read_ >= text_.size()) return text_.size();
+    starts_ = mask_from(text_, read_, token_starts_among);
+    read_ += mask_width;
   }
-  return at;
+  const auto start = static_cast<std::size_t>(std::countr_zero(starts_));
+  starts_ &= starts_ - 1;
+  return read_ - mask_width + start;
 }
 
 std::optional<std::string_view> FormulaTokens::next() {
-  while ((at_ = find_capital(text_, at_)) < text_.size()) {
-    const std::size_t begin = at_;
-    const std::size_t end =
-        starts_word(text_, begin, tables_) ? after_parts(text_, begin, tables_) : begin;
-    at_ = end_of_word(end);
-    if (end != begin && at_ == end) return text_.substr(begin, end - begin);
+  for (std::size_t begin; (begin = next_start()) < text_.size();) {
+    if (!starts_word(text_, begin, tables_)) continue;
+    const std::size_t end = after_parts(text_, begin, tables_);
+    if (ends_word(text_, end, tables_)) return text_.substr(begin, end - begin);
   }
   return std::nullopt;
 }

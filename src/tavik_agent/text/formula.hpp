@@ -6,6 +6,7 @@
 #pragma once
 
 #include <bitset>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -57,7 +58,7 @@ bool all_parts(std::string_view text, const CharacterTables& tables, Test test) 
 FormulaParts split_formula(std::string_view text, const CharacterTables& tables);
 
 /// Gives the formula tokens of a text, from left to right. Each character is read once or twice,
-/// what lies before the next capital by 64 at a time.
+/// by 64 at a time but for those of a word that may be a token.
 class FormulaTokens {
  public:
   FormulaTokens(std::string_view text, const CharacterTables& tables)
@@ -67,11 +68,13 @@ class FormulaTokens {
   std::optional<std::string_view> next();
 
  private:
-  std::size_t end_of_word(std::size_t at) const;
+  /// Where the next capital is that may start a token; the end of the text when there is none.
+  std::size_t next_start();
 
   std::string_view text_;
   const CharacterTables& tables_;
-  std::size_t at_ = 0;
+  std::size_t read_ = 0;      ///< bytes, in whole blocks
+  std::uint64_t starts_ = 0;  ///< in the last block, those still to be tried
 };
 
 }  // namespace tavik::text
