@@ -29,7 +29,8 @@ class Phrases {
 };
 
 /// Tells nearly all words that are no phrase, and that no phrase begins with, from those that may.
-/// Words are known by a key made of the first eight letters of each.
+/// Words are known by a key made of the first eight letters of each. First words, which each word
+/// of a text is compared with, have a smaller table of their own.
 class PhraseFilter {
  public:
   /// The beginning of a word with zeros behind it, as the machine loads it.
@@ -39,7 +40,7 @@ class PhraseFilter {
   static constexpr Key no_words = 1;  // so that empty words change a key, too
   /// The key of some words and one more.
   static Key with_word(Key words, Letters word) {
-    return (std::rotl(words, 32) ^ word) * 0x9E3779B97F4A7C15U;
+    return (std::rotl(words, 32) ^ word) * multiplier;
   }
 
   /// What some words may be; zero when they are nothing of interest.
@@ -52,13 +53,25 @@ class PhraseFilter {
     return natures_[place(words) / 32] >> shift(words) & (phrase | beginning);
   }
 
+  void add_first(Letters word) {
+    first_words_[first_place(word) / 64] |= std::uint64_t{1} << first_place(word) % 64;
+  }
+  bool may_begin_phrase(Letters word) const {
+    const std::size_t place = first_place(word);
+    return (first_words_[place / 64] >> place % 64 & 1) != 0;
+  }
+
  private:
+  static constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15U;
+  static constexpr int first_bits = 19;  // so that of other words one of 48 passes
   static constexpr int place_bits = 20;  // so that of other words one of 45 passes
 
+  static std::size_t first_place(Letters word) { return word * multiplier >> (64 - first_bits); }
   static std::size_t place(Key words) { return words >> (64 - place_bits); }
   static unsigned shift(Key words) { return place(words) % 32 * 2; }
   std::uint64_t& word_of(Key words) { return natures_[place(words) / 32]; }
 
+  std::array<std::uint64_t, (std::size_t{1} << first_bits) / 64> first_words_{};
   std::array<std::uint64_t, (std::size_t{1} << place_bits) / 32> natures_{};
 };
 
@@ -90,18 +103,10 @@ class PhraseIndex {
 
   void enter(Row row);
 
-  /// Words that a phrase may begin with, and where in the text they stand.
-  struct Beginning {
-    std::size_t begin;
-    PhraseFilter::Key words;
-  };
-  using Beginnings = ShortList<Beginning>;
+  class FirstWords;
 
   void search(std::string_view text, std::size_t start, Found& found) const;
-  void extend(Beginnings& beginnings, std::string_view text, std::size_t end,
-              PhraseFilter::Letters letters, Found& found) const;
-  bool follow(std::string_view text, std::size_t begin, std::size_t end, PhraseFilter::Key words,
-              Found& found) const;
+  void follow(std::string_view text, const FirstWords& first, Found& found) const;
   void look_up(std::string_view words, Found& found) const;
 
   std::size_t slot(std::uint64_t hash) const { return hash & (entries_.size() - 1); }
