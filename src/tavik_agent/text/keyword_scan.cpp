@@ -181,6 +181,7 @@ class Findings {
   Mentions mentions_;
 };
 
+/// Looks from byte `begin` on, a byte a step.
 void sift(std::size_t begin, Findings& findings) {
   const std::string_view text = findings.text();
   Sifting sifting;
@@ -208,8 +209,7 @@ constexpr std::size_t at_once = sizeof(__m256i);
   return _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(&from)));
 }
 
-/// Whether a window of some class may begin at each of 32 bytes. Of the classes of eight, those in
-/// `kept` are kept.
+/// At which of 32 bytes a window of some class may begin. Reads three bytes more.
 [[gnu::target("avx2"), gnu::always_inline]] inline std::uint32_t windows_among(const char* bytes) {
   __m256i first = _mm256_set1_epi8(-1);
   __m256i second = first;
@@ -233,7 +233,7 @@ constexpr std::size_t at_once = sizeof(__m256i);
   return ~static_cast<std::uint32_t>(_mm256_movemask_epi8(none));
 }
 
-/// The same, 32 bytes a step.
+/// Looks from byte `begin` on, 32 bytes a step.
 [[gnu::target("avx2")]] void sift_with_avx2(std::size_t begin, Findings& findings) {
   const std::string_view text = findings.text();
   for (std::size_t at = begin; at < text.size(); at += at_once) {

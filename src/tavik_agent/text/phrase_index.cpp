@@ -215,8 +215,11 @@ void PhraseIndex::follow(std::string_view text, const FirstWords& first, Found& 
     if (nature & PhraseFilter::phrase) look_up(text.substr(begin, end - begin), found);
     if (!(nature & PhraseFilter::beginning) || end == text.size()) return;
     const std::size_t next = end + 1;
-    if (ends.mask == 0) ends = WordEnds(text, next);
-    if (ends.mask == 0) return;  // the next word alone is longer than any phrase
+    while (ends.mask == 0) {
+      const std::size_t at = ends.at + mask_width;
+      if (at - begin > longest_) return;
+      ends = WordEnds(text, at);
+    }
     end = ends.take();
     words = PhraseFilter::with_word(words, letters_between(text, next, end));
   }
