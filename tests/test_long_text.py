@@ -1,0 +1,54 @@
+"""Texts beyond the 32 and 64 bytes that are read at once, with the module's own tables."""
+
+import random
+
+import pytest
+
+from tavik_agent import material_characterization as mc
+
+
+@pytest.fixture(autouse=True)
+def _known_tables():
+    """The module's own tables stay in place here: those put in their place are not indexed."""
+
+
+def request(query, finding=""):
+    return mc.characterize_material(step="", query_text=query, findings=[finding])
+
+
+@pytest.mark.parametrize("behind", ["", " ", " " + "." * 90, ". Xy " * 30])
+@pytest.mark.parametrize(
+    ("words", "key", "value"),
+    [
+        ("lithium iron phosphate", "species", ["Li", "Fe", "P", "O"]),
+        ("Fe2O3", "species", ["Fe", "O"]),
+        ("spin orbit", "magnetic_class", "noncollinear_template"),
+        ("hubbard", "correlation_class", "dftu_sensitive"),
+        ("eV", "requested_energy_unit", "eV"),
+        ("atomic \n units", "requested_energy_unit", "Hartree"),
+    ],
+)
+def test_found_wherever_it_stands(words, key, value, behind):
+    blanks = [i for i, character in enumerate(words) if character == " "]
+    for size in range(140):
+        before = "." * size + " "
+        texts = [(before + words + behind,), ("." * size, words + behind)]
+        texts += [(before + words[:i], words[i + 1 :] + behind) for i in blanks]
+        assert [text for text in texts if request(*text)[key] != value] == []
+
+
+def test_phrases_by_index_and_row_by_row(monkeypatch):
+    choose = random.Random(1)
+    phrases = [*mc.FORMULA_ALIASES, *mc.ELEMENT_NAME_ALIASES]
+    words = sorted({word for phrase in phrases for word in phrase.split()})
+
+    def piece():
+        phrase = choose.choice(phrases).split(" ")
+        cut = phrase[: choose.randint(1, len(phrase))]
+        return choose.choice([" ".join(cut), " ".join(phrase), choose.choice(words), "of the", ""])
+
+    texts = [" ".join(piece() for _ in range(choose.randint(1, 60))) for _ in range(60)]
+    indexed = [mc._species_from_text(text) for text in texts]
+    for name in ("FORMULA_ALIASES", "ELEMENT_NAME_ALIASES"):
+        monkeypatch.setattr(mc, name, dict(getattr(mc, name)))
+    assert indexed == [mc._species_from_text(text) for text in texts]
