@@ -161,19 +161,18 @@ Iterator::Iterator(const Value& iterable) {
 }
 
 Value Iterator::next_of_list() {
-  PyObject* const item = PyList_GetItemRef(walked_.get(), at_++);
-  if (item == nullptr && PyErr_ExceptionMatches(PyExc_IndexError)) {
-    PyErr_Clear();  // another thread made the list shorter meanwhile
-    return Value();
+  Value item;
+  Py_BEGIN_CRITICAL_SECTION(walked_.get());
+  if (at_ < PyList_GET_SIZE(walked_.get())) {
+    item = Value::borrow(PyList_GET_ITEM(walked_.get(), at_++));
   }
-  return Value::steal(item);
+  Py_END_CRITICAL_SECTION();
+  return item;
 }
 
 Value Iterator::next() {
   PyObject* const walked = walked_.get();
-  if (PyList_CheckExact(walked)) {
-    return at_ < PyList_GET_SIZE(walked) ? next_of_list() : Value();
-  }
+  if (PyList_CheckExact(walked)) return next_of_list();
   if (PyTuple_CheckExact(walked)) {
     return at_ < PyTuple_GET_SIZE(walked) ? Value::borrow(PyTuple_GET_ITEM(walked, at_++))
                                           : Value();

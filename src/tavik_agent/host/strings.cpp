@@ -80,7 +80,7 @@ bool is_plain_word(const Value& value) {
   return is_exact_ascii(value) && std::ranges::all_of(ascii_view(value), is_letter_or_digit);
 }
 
-char* write(char* at, std::string_view text) { return std::ranges::copy(text, at).out; }
+char* write(char* at, std::string_view text) { return at + text.copy(at, text.size()); }
 
 Lent item_of(const Value& list, Py_ssize_t at) { return Lent(PyList_GET_ITEM(list.get(), at)); }
 
@@ -115,13 +115,6 @@ Value message_about_words(std::string_view prefix, const Value& list, std::strin
   }
   Py_END_CRITICAL_SECTION();
   return length == 0 ? Value() : Value::steal(whole);
-}
-
-[[gnu::cold]] Value message_in_host(std::string_view prefix, const Value& text,
-                                    std::string_view suffix) {
-  return Value::steal(PyUnicode_FromFormat("%.*s%U%.*s", static_cast<int>(prefix.size()),
-                                           prefix.data(), text.get(),
-                                           static_cast<int>(suffix.size()), suffix.data()));
 }
 
 Value power_of_ten(std::size_t exponent) {
@@ -223,17 +216,22 @@ Value join_with_blanks(const Values& strings) {
   return joined;
 }
 
-Value message(std::string_view prefix, const Value& value, std::string_view suffix) {
-  const bool is_ascii_around = is_ascii(prefix) && is_ascii(suffix);
-  if (is_ascii_around && is_exact_list(value)) {
-    if (Value whole = message_about_words(prefix, value, suffix)) return whole;
+Value message(Ascii prefix, const Value& value, Ascii suffix) {
+  if (is_exact_list(value)) {
+    if (Value whole = message_about_words(prefix.text, value, suffix.text)) return whole;
   }
   const Value text = text_form(value);
-  if (!is_exact_ascii(text) || !is_ascii_around) return message_in_host(prefix, text, suffix);
+  if (!is_exact_ascii(text)) return message_in_utf8(prefix.text, text, suffix.text);
   const std::string_view words = ascii_view(text);
-  Value whole = blank_ascii(prefix.size() + words.size() + suffix.size());
-  write(write(write(characters_of(whole), prefix), words), suffix);
+  Value whole = blank_ascii(prefix.text.size() + words.size() + suffix.text.size());
+  write(write(write(characters_of(whole), prefix.text), words), suffix.text);
   return whole;
+}
+
+Value message_in_utf8(std::string_view prefix, const Value& value, std::string_view suffix) {
+  return Value::steal(PyUnicode_FromFormat("%.*s%S%.*s", static_cast<int>(prefix.size()),
+                                           prefix.data(), value.get(),
+                                           static_cast<int>(suffix.size()), suffix.data()));
 }
 
 Value integer(std::string_view digits) {

@@ -36,8 +36,20 @@ Value capitalised(const Value& string);
 /// " ".join(strings)
 Value join_with_blanks(const Values& strings);
 
+/// A literal of ASCII text; any other does not compile.
+struct Ascii {
+  consteval Ascii(const char* literal) : text(literal) {  // NOLINT(*-explicit-*): it is one
+    for (const char byte : text) {
+      if (!tavik::text::is_ascii(byte)) throw "beyond ASCII";
+    }
+  }
+  std::string_view text;
+};
+
 /// prefix, the text form of `value`, suffix
-Value message(std::string_view prefix, const Value& value, std::string_view suffix = "");
+Value message(Ascii prefix, const Value& value, Ascii suffix = "");
+/// The same for any words in UTF-8, made by the host.
+Value message_in_utf8(std::string_view prefix, const Value& value, std::string_view suffix = "");
 
 /// The integer that a run of decimal digits of any script stands for. Exact at any length.
 Value integer(std::string_view digits);

@@ -57,7 +57,7 @@ struct Characterization : Inputs {
   host::Values intent_species;
   std::optional<Text> joined_text;  ///< unless the joined text is the query itself
 
-  void report(std::string_view prefix, const Value& value, std::string_view suffix = "") {
+  void report(host::Ascii prefix, const Value& value, host::Ascii suffix = "") {
     report(host::message(prefix, value, suffix));
   }
   void report(Value message) { messages.push_back(std::move(message)); }

@@ -47,8 +47,9 @@ void classify_correlation(Characterization& call) {
       keyword("intent_complexity", call.intent_complexity));
   report_decision(call, Decision::correlation_class, call.correlation_class);
   if (is_simple_request(call.intent_complexity)) {
-    call.report("user query flagged as ", call.intent_complexity.value(),
-                " (LLM intent) \u2014 complex-material heuristics suppressed");
+    call.report(
+        host::message_in_utf8("user query flagged as ", call.intent_complexity.value(),
+                              " (LLM intent) \u2014 complex-material heuristics suppressed"));
   }
 }
 

@@ -37,7 +37,7 @@ Wish unit_in_prose(const Characterization& call) {
   return Wish::none;
 }
 
-void take_unit(Characterization& call, Wish unit, const char* prefix, const char* suffix) {
+void take_unit(Characterization& call, Wish unit, host::Ascii prefix, host::Ascii suffix) {
   call.requested_energy_unit = unit;
   call.report(prefix, call.module.wish(unit), suffix);
 }

@@ -28,7 +28,7 @@ Module::Module(Value names)
   for (const Decision decision : host::all_words<Decision>()) {
     for (const Label label : host::all_words<Label>()) {
       messages_[static_cast<std::size_t>(decision)][label] =
-          host::message(host::Indexed<Decision>::text(decision), labels_[label]);
+          host::message_in_utf8(host::Indexed<Decision>::text(decision), labels_[label]);
     }
   }
   for (std::size_t i = 0; i < confidences_.size(); ++i) {
@@ -54,8 +54,9 @@ Current Module::look_up_in_namespace(Global name) const {
 }
 
 Value Module::message_about(Decision decision, const Verdict& label) const {
-  return label.is_own() ? messages_[static_cast<std::size_t>(decision)][label.word()].another()
-                        : host::message(host::Indexed<Decision>::text(decision), label.value());
+  return label.is_own()
+             ? messages_[static_cast<std::size_t>(decision)][label.word()].another()
+             : host::message_in_utf8(host::Indexed<Decision>::text(decision), label.value());
 }
 
 std::optional<InputKey> Module::input_key(const Value& string) const {
