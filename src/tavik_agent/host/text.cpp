@@ -35,8 +35,9 @@ void Text::lower() {
   } else if (text::find_capital(utf8(), 0) == utf8().size()) {
     lowered_ = utf8();
   } else {
-    lowered_ascii_ = text::lowered(utf8());
-    lowered_ = lowered_ascii_;
+    char* const small = lowered_ascii_.make_room(utf8().size());
+    text::lower(utf8(), small);
+    lowered_ = std::string_view(small, utf8().size());
   }
 }
 

@@ -4,11 +4,11 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "host/strings.hpp"
 #include "host/value.hpp"
+#include "text/buffer.hpp"
 #include "text/keyword_scan.hpp"
 #include "text/phrase_index.hpp"
 
@@ -49,7 +49,7 @@ class Text {
   Text* beginning_ = nullptr;
   std::optional<Utf8> utf8_;
   std::optional<std::string_view> lowered_;  ///< into one of the two below, or into utf8_
-  std::string lowered_ascii_;
+  text::Buffer lowered_ascii_;
   Utf8 lowered_other_;
   std::optional<text::Mentions> mentions_;
   std::optional<text::PhraseIndex::Rows> phrases_;

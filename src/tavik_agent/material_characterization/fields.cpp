@@ -1,8 +1,6 @@
 // Reading a mapping's entries, once unless it is changed in between.
 #include "material_characterization/fields.hpp"
 
-#include <algorithm>
-
 namespace tavik::characterization {
 
 using host::Value;
@@ -23,9 +21,13 @@ const Value& Fields::value() const {
 
 void Fields::walk(const Module& module) const {
   fields_.shorten(0);
+  places_.fill(0);
   version_ = host::version_of(mapping_);
   const bool are_strings = host::all_entries(mapping_, [&](const Value& key, const Value& value) {
-    if (const auto known = module.input_key(key)) fields_.push_back({*known, value.another()});
+    if (const auto known = module.input_key(key)) {
+      fields_.push_back(value.another());
+      places_[static_cast<std::size_t>(*known)] = static_cast<std::uint8_t>(fields_.size());
+    }
     return host::is_exact_string(key);
   });
   if (!are_strings) version_ = 0;
@@ -36,11 +38,6 @@ bool Fields::are_known(const Module& module) const {
   if (!host::is_exact_dict(mapping_) || host::length_of_exact(mapping_) > few) return false;
   if (version_ != host::version_of(mapping_)) walk(module);
   return version_ != 0;
-}
-
-const Value* Fields::find(InputKey key) const {
-  const auto field = std::ranges::find(fields_, key, &Field::key);
-  return field == fields_.end() ? nullptr : &field->value;
 }
 
 Value Fields::get_in_mapping(const Module& module, InputKey key) const {

@@ -1,11 +1,11 @@
 // A mapping argument, and the entries in it that the module reads.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "host/objects.hpp"
 #include "material_characterization/module.hpp"
-#include "text/short_list.hpp"
 
 namespace tavik::characterization {
 
@@ -30,19 +30,20 @@ class Fields {
   const host::Value& value() const;
 
  private:
-  struct Field {
-    InputKey key;
-    host::Value value;
-  };
-
   host::Value get_in_mapping(const Module& module, InputKey key) const;
   bool are_known(const Module& module) const;
   void walk(const Module& module) const;
-  const host::Value* find(InputKey key) const;
+  /// No object where there is no such field.
+  const host::Value* find(InputKey key) const {
+    const std::size_t place = places_[static_cast<std::size_t>(key)];
+    return place == 0 ? nullptr : &fields_[place - 1];
+  }
 
   mutable host::Lent mapping_;  ///< no object when it is missing
   mutable host::Seldom made_;   ///< what then stands in for it
-  mutable text::ShortList<Field> fields_;
+  mutable host::Values fields_;
+  /// For each key, where among them its value is, from 1 on; 0 for none.
+  mutable std::array<std::uint8_t, host::Indexed<InputKey>::size> places_{};
   mutable std::uint64_t version_ = 0;  ///< of the dict when its fields were read
 };
 

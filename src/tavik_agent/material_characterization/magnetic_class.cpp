@@ -13,6 +13,7 @@ constexpr auto seeded_magnets = Global::collinear_magmom_seed_species;
 
 template <class Test>
 bool any_of(const Value& species, Test test) {
+  if (host::is_empty_list(species)) return false;
   host::Iterator items(species);
   while (const Value item = items.next()) {
     if (test(item)) return true;

@@ -38,6 +38,7 @@ host::Values unique_texts(const Value& species) {
 
 /// One element alone, or the binary oxide of one element.
 Value formula_from_species(const Value& species) {
+  if (host::is_empty_list(species)) return host::empty_string();
   const host::Values unique = unique_texts(species);
   if (unique.size() == 1) return unique.front().another();
   if (unique.size() != 2) return host::empty_string();

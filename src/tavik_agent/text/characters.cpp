@@ -54,10 +54,8 @@ bool is_word_boundary(std::string_view text, std::size_t at, const CharacterTabl
   return before != after;
 }
 
-std::string lowered(std::string_view text) {
-  std::string small(text);
-  for (char& byte : small) byte = ascii_lower(byte);
-  return small;
+void lower(std::string_view text, char* to) {
+  for (const char byte : text) *to++ = ascii_lower(byte);
 }
 
 std::string_view strip(std::string_view text, const CharacterTables& tables) {

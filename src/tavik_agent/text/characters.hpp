@@ -48,8 +48,8 @@ Character character_before(std::string_view text, std::size_t at);
 /// beyond the ends of `text` there is none.
 bool is_word_boundary(std::string_view text, std::size_t at, const CharacterTables& tables);
 
-/// `text` with small letters for ASCII capitals.
-std::string lowered(std::string_view text);
+/// Writes `text` with small letters for ASCII capitals.
+void lower(std::string_view text, char* to);
 
 /// `text` without leading and trailing white space.
 std::string_view strip(std::string_view text, const CharacterTables& tables);
