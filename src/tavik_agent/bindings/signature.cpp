@@ -69,23 +69,26 @@ Value twin_of(const Signature& signature, const char* name) {
   host::raise(PyExc_SystemError, "%s() refused arguments that fit its signature", name.c_str());
 }
 
+bool is_name(const Value& keyword, std::string_view name) {
+  return host::is_exact_ascii(keyword) ? host::ascii_view(keyword) == name
+                                       : host::equals(keyword, name);
+}
+
 /// Keywords mostly come in the order of the parameters, so the search starts at `expected`.
 std::optional<std::size_t> find_parameter(const Signature& signature, const Value& keyword,
                                           std::size_t expected) {
   for (std::size_t n = 0; n < signature.count; ++n) {
     const std::size_t i =
         expected + n < signature.count ? expected + n : expected + n - signature.count;
-    if (host::equals(keyword, signature.parameters[i].name)) return i;
+    if (is_name(keyword, signature.parameters[i].name)) return i;
   }
   return std::nullopt;
 }
 
-/// Whether the call fits; `bound` then holds what it gives.
-bool fill(const Signature& signature, const Arguments& arguments, Bound& bound) {
+/// Takes what is given; whether it fits.
+bool take(const Signature& signature, const Arguments& arguments, Bound& bound) {
   if (arguments.positional > signature.positional) return false;
-  for (std::size_t i = 0; i < arguments.positional; ++i) {
-    bound[i] = Lent(arguments.values[i]);
-  }
+  for (std::size_t i = 0; i < arguments.positional; ++i) bound[i] = Lent(arguments.values[i]);
   std::size_t expected = arguments.positional;
   for (std::size_t i = 0; i < arguments.keywords(); ++i) {
     const Lent keyword(PyTuple_GET_ITEM(arguments.keyword_names, i));
@@ -94,10 +97,17 @@ bool fill(const Signature& signature, const Arguments& arguments, Bound& bound) 
     bound[*parameter] = Lent(arguments.values[arguments.positional + i]);
     expected = *parameter + 1;
   }
+  return true;
+}
+
+/// Fills in the defaults; whether there is one wherever nothing was given.
+bool complete(const Signature& signature, Bound& bound) {
+  const Lent null(Py_None);
+  const Lent empty_text = host::lasting_empty_string();
   for (std::size_t i = 0; i < signature.count; ++i) {
     if (bound[i]) continue;
     if (signature.parameters[i].otherwise == Default::none) return false;
-    bound[i] = default_of(signature.parameters[i]);
+    bound[i] = signature.parameters[i].otherwise == Default::null ? null : empty_text;
   }
   return true;
 }
@@ -110,7 +120,9 @@ std::size_t Arguments::keywords() const {
 
 Bound bind(const Signature& signature, const Arguments& arguments) {
   Bound bound;
-  if (!fill(signature, arguments, bound)) refuse(signature, arguments);
+  if (!take(signature, arguments, bound) || !complete(signature, bound)) {
+    refuse(signature, arguments);
+  }
   return bound;
 }
 

@@ -1,6 +1,8 @@
 // Normalising the fields of the intent, and telling the words that the rules know.
 #include "material_characterization/intent.hpp"
 
+#include <algorithm>
+
 #include "host/strings.hpp"
 
 namespace tavik::characterization {
@@ -10,14 +12,12 @@ namespace {
 Value normalised(const Value& value) { return host::lower(host::strip(host::text_form(value))); }
 
 IntentField recognised(const Module& module, Value text) {
-  if (host::is_exact_string(text)) {
-    for (const IntentWord word : host::all_words<IntentWord>()) {
-      if (host::equals(text, host::Indexed<IntentWord>::text(word))) {
-        return {word, module.intent_word(word)};
-      }
-    }
-  }
-  return IntentField(std::move(text));
+  if (!host::is_exact_ascii(text)) return IntentField(std::move(text));
+  constexpr auto& words = host::Indexed<IntentWord>::texts;
+  const auto found = std::ranges::find(words, host::ascii_view(text));
+  if (found == words.end()) return IntentField(std::move(text));
+  const auto word = static_cast<IntentWord>(found - words.begin());
+  return {word, module.intent_word(word)};
 }
 
 }  // namespace

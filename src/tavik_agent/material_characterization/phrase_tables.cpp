@@ -37,6 +37,7 @@ PhraseTables::Table PhraseTables::read(const Value& mapping, text::Phrases& phra
     phrases.add(Utf8(phrase).view());
     return true;
   });
+  table.end_row = phrases.count();
   return table;
 }
 
@@ -51,9 +52,8 @@ void PhraseTables::for_each_match(Which which, Text& text, const PhraseVisitor& 
   const Table& table = tables_[which];
   if (!table.meanings) return characterization::for_each_match(table.mapping, text, visit);
   if (index_->is_too_short(text.lowered())) return;
-  const std::size_t end = table.first_row + host::length(table.meanings);
   for (const text::PhraseIndex::Row row : text.phrases(*index_)) {
-    if (row < table.first_row || row >= end) continue;
+    if (row < table.first_row || row >= table.end_row) continue;
     if (!visit(host::item(table.meanings, row - table.first_row))) return;
   }
 }

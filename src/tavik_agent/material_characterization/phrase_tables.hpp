@@ -40,6 +40,7 @@ class PhraseTables {
     host::Value mapping;
     host::Value meanings;  ///< a tuple of what the indexed phrases stand for, row by row
     std::size_t first_row = 0;
+    std::size_t end_row = 0;
   };
 
   static Table read(const host::Value& mapping, text::Phrases& phrases);
