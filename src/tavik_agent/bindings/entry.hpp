@@ -10,7 +10,6 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "bindings/signature.hpp"
 #include "host/text.hpp"
@@ -54,6 +53,14 @@ using Nesting = std::array<Nested, 2>;
 /// The state of a loaded module.
 Module& state_of(PyObject* module);
 
+/// What a call passes by position, held while the function runs: a `functools.partial` lends its
+/// own, and lets go of it when its state is set meanwhile. The rest lies on the caller's stack.
+inline host::Values held_arguments(std::span<PyObject* const> positional) {
+  host::Values held;
+  for (PyObject* const value : positional) held.push_back(Value::borrow(value));
+  return held;
+}
+
 /// How a parameter is held while the function runs. A plain value, and what is made for one call
 /// only, needs no reference of its own.
 template <class Parameter>
@@ -90,8 +97,9 @@ PyObject* enter(PyObject* self, PyObject* const* values, Py_ssize_t positional,
       [&] {
         const Nesting nesting;
         const Module& module = state_of(self);
-        const Bound bound =
-            bind(signature, {values, static_cast<std::size_t>(positional), keyword_names});
+        const Arguments arguments{values, static_cast<std::size_t>(positional), keyword_names};
+        const Bound bound = bind(signature, arguments);
+        const host::Values held = held_arguments({values, arguments.positional});
         return apply(Function, module, bound, std::make_index_sequence<signature.count>{})
             .release();
       },
@@ -108,10 +116,9 @@ PyObject* enter_any_number(PyObject* self, PyObject* const* values, Py_ssize_t p
       [&] {
         const Nesting nesting;
         const Module& module = state_of(self);
-        const std::span given = bind_any_number(
-            signature, {values, static_cast<std::size_t>(positional), keyword_names});
-        const std::vector<Lent> parts(given.begin(), given.end());
-        return Function(module, parts).release();
+        const host::Values parts = held_arguments(bind_any_number(
+            signature, {values, static_cast<std::size_t>(positional), keyword_names}));
+        return Function(module, {parts.begin(), parts.size()}).release();
       },
       nullptr);
 }

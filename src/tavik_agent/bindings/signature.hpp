@@ -88,7 +88,7 @@ struct Arguments {
   std::size_t keywords() const;
 };
 
-/// The caller keeps what it passed alive during the call; defaults live for ever.
+/// Whoever binds them keeps the arguments alive; defaults live for ever.
 using Bound = std::array<host::Lent, Signature::most_parameters>;
 
 /// The value of each parameter. Throws with the host's TypeError when the call does not fit.

@@ -9,8 +9,6 @@
 namespace tavik::characterization {
 namespace {
 
-using host::Lent;
-
 void append_unless_blank(host::Values& fragments, const Value& string) {
   Value stripped = host::strip(string);
   if (!host::is_empty(stripped)) fragments.push_back(std::move(stripped));
@@ -36,21 +34,21 @@ Value given_findings(const Characterization& call) {
                                                         : host::list_of(call.findings);
 }
 
-Value combine(const Module& module, const std::array<Lent, 4>& parts) {
+Value combine(const Module& module, const std::array<Value, 4>& parts) {
   if (has_own_combined_text(module)) return _combined_text(module, parts);
-  return host::call(module.look_up(Global::_combined_text).value(), parts[0].value(),
-                    parts[1].value(), parts[2].value(), parts[3].value());
+  return host::call(module.look_up(Global::_combined_text).value(), parts[0], parts[1], parts[2],
+                    parts[3]);
 }
 
 Value combine_all(const Characterization& call) {
-  const Value findings = given_findings(call);
+  Value findings = given_findings(call);
   const auto read = [&](InputKey key) {
     return call.planner_manifest ? call.module.read(call.planner_manifest, key) : Value::null();
   };
-  const Value purpose = read(InputKey::purpose);
-  const Value notes = read(InputKey::notes);
-  return combine(call.module, {Lent(call.query_text.value().get()), Lent(findings.get()),
-                               Lent(purpose.get()), Lent(notes.get())});
+  Value purpose = read(InputKey::purpose);
+  Value notes = read(InputKey::notes);
+  return combine(call.module, {call.query_text.value().another(), std::move(findings),
+                               std::move(purpose), std::move(notes)});
 }
 
 /// Whether there is nothing that the query could be joined with. Most calls are such, and are
@@ -62,9 +60,9 @@ bool stands_alone(const Characterization& call) {
 
 }  // namespace
 
-Value _combined_text(const Module& module, std::span<const Lent> parts) {
+Value _combined_text(const Module& module, std::span<const Value> parts) {
   host::Values fragments;
-  for (const Lent& part : parts) append_part(module, fragments, part);
+  for (const Value& part : parts) append_part(module, fragments, part);
   return host::join_with_blanks(fragments);
 }
 

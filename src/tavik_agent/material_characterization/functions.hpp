@@ -18,7 +18,7 @@ using host::Text;
 using host::Value;
 
 /// Joins loose text fragments with single blanks.
-Value _combined_text(const Module&, std::span<const host::Lent> parts);
+Value _combined_text(const Module&, std::span<const Value> parts);
 
 /// The species that an element-definition block declares.
 Value _species_from_element_block(const Module&, const Value& element_block);
