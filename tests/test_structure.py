@@ -134,6 +134,22 @@ def test_text_that_decides_the_archetype(query, description, combined, label):
     assert archetype(query, mode="periodic_bulk", intent=intent, combined=combined) == label
 
 
+def test_description_counts_by_its_letters():
+    class Described(str):
+        def __str__(self):
+            return self
+
+        def __bool__(self):
+            return self != "graphene"
+
+        strip = __str__
+
+        def lower(self):
+            return Described("graphene")
+
+    assert archetype(intent={"structure_description": Described("x")}) == "graphene_2d"
+
+
 def test_odd_values():
     assert archetype(intent=[], combined="graphene") == "graphene_2d"
     for intent, combined in ((3, "graphene"), ({}, None), ([1], "graphene")):

@@ -38,11 +38,11 @@ text::Mentions mentions_in_query(Text& combined_text, Text& query) {
 /// What the text that counts mentions.
 text::Mentions authoritative_mentions(const Module& module, Text& combined_text, Text& query_text,
                                       const Fields& query_intent) {
-  const Value description = description_in(module, query_intent);
+  const host::Utf8 description(description_in(module, query_intent));
   host::WrittenForm query(query_text);
-  if (host::is_empty(description)) return mentions_in_query(combined_text, *query);
+  if (description.view().empty()) return mentions_in_query(combined_text, *query);
   std::string words(query->lowered());
-  words.append(" ").append(host::Utf8(description).view());
+  words.append(" ").append(description.view());
   return text::find_keywords(text::strip(words, host::character_tables()),
                              host::character_tables());
 }
