@@ -134,6 +134,17 @@ def test_inputs_are_read_as_they_are_by_then():
     assert characterize(step_params=params)["structure_mode"] == "molecule_or_cluster"
 
 
+def test_attributes_as_inputs_are_read_as_they_are_by_then():
+    class Symbol:
+        def __str__(self):
+            intent.magnetism = "nonmagnetic"
+            return "Fe"
+
+    intent = type("Intent", (), {})()
+    intent.species, intent.magnetism = [Symbol()], "ferromagnetic"
+    assert characterize(query_intent=vars(intent))["intent_magnetism"] == "nonmagnetic"
+
+
 CLASSIFIERS = "_structure_mode _structure_archetype _electronic_class _correlation_class \
 _magnetic_class _material_family"
 LABELS = {name: name.split("_")[-1] + str(i) for i, name in enumerate(CLASSIFIERS.split())}

@@ -20,6 +20,12 @@ Value look_up(const Value& names, const Value& name);
 /// Whether a name is bound to just this object.
 bool is_bound_to(const Value& names, const Value& name, const Value& object);
 
+/// Whether version_of tells of every change of the dict. Not as long as its values lie in an
+/// instance: the host does not count an attribute that is set there.
+inline bool counts_changes(const Value& dict) {
+  return reinterpret_cast<PyDictObject*>(dict.get())->ma_values == nullptr;
+}
+
 /// A number that every change of the dict replaces by one that no dict had before. The host keeps
 /// it for its own caches up to version 3.13, which is the only one that the module is built for; a
 /// look-up takes 60 instructions, reading this takes one.

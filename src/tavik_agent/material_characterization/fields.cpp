@@ -35,7 +35,8 @@ void Fields::walk(const Module& module) const {
 
 /// Whether the fields are those that the mapping has now.
 bool Fields::are_known(const Module& module) const {
-  if (!host::is_exact_dict(mapping_) || host::length_of_exact(mapping_) > few) return false;
+  if (!host::is_exact_dict(mapping_) || !host::counts_changes(mapping_)) return false;
+  if (host::length_of_exact(mapping_) > few) return false;
   if (version_ != host::version_of(mapping_)) walk(module);
   return version_ != 0;
 }
