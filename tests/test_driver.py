@@ -145,6 +145,33 @@ def test_attributes_as_inputs_are_read_as_they_are_by_then():
     assert characterize(query_intent=vars(intent))["intent_magnetism"] == "nonmagnetic"
 
 
+def test_findings_are_taken_as_they_are_at_first():
+    class Adding(dict):
+        def get(self, key, default=None):
+            findings.append("NiO")
+
+    class Query(str):
+        def strip(self):
+            findings.append("NiO")
+            return "a"
+
+    class Key(str):
+        def __eq__(self, other):
+            findings.append("NiO")
+            return False
+
+        __hash__ = str.__hash__
+
+    for inputs in (
+        {"planner_manifest": Adding(x=1)},
+        {"planner_manifest": {Key("notes"): "a"}},
+        {"query_text": Query("a")},
+    ):
+        findings = ["nothing"]
+        assert characterize(findings=findings, **inputs)["species"] == [], inputs
+        assert "NiO" in findings
+
+
 CLASSIFIERS = "_structure_mode _structure_archetype _electronic_class _correlation_class \
 _magnetic_class _material_family"
 LABELS = {name: name.split("_")[-1] + str(i) for i, name in enumerate(CLASSIFIERS.split())}

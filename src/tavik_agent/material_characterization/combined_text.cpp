@@ -27,11 +27,18 @@ void append_part(const Module& module, host::Values& fragments, const Value& par
 
 bool has_own_combined_text(const Module& module) { return module.has_own(Global::_combined_text); }
 
+/// Whether reading a mapping runs no host code that could change the findings meanwhile.
+bool is_plain(const host::Lent& mapping) {
+  const auto has_string = [](const Value& key, const Value&) { return host::is_exact_string(key); };
+  return !mapping || (host::is_exact_dict(mapping) && host::all_entries(mapping, has_string));
+}
+
 /// The findings as `_combined_text` is given them: a list of its own, unless nobody could tell.
 Value given_findings(const Characterization& call) {
-  const bool is_plain = call.findings.is_null() || host::is_list_of_exact_strings(call.findings);
-  return is_plain && has_own_combined_text(call.module) ? call.findings.another()
-                                                        : host::list_of(call.findings);
+  const bool are_plain = call.findings.is_null() || host::is_list_of_exact_strings(call.findings);
+  const bool can_be_shared = are_plain && host::is_exact_string(call.query_text.value()) &&
+                             is_plain(call.planner_manifest) && has_own_combined_text(call.module);
+  return can_be_shared ? call.findings.another() : host::list_of(call.findings);
 }
 
 Value combine(const Module& module, const std::array<Value, 4>& parts) {
