@@ -98,6 +98,17 @@ def test_unions_are_made_by_the_tables_themselves(monkeypatch):
     assert mc._magnetic_class([], "BN", "", "") == "nonmagnetic"
 
 
+def test_union_is_asked_once_for_a_formula_of_another_kind():
+    class Formula(str):
+        def __hash__(self):
+            asked.append(self)
+            return super().__hash__()
+
+    asked = []
+    assert mc._correlation_class([], Formula("NaCl"), "") == "plain_dft"
+    assert len(asked) == 2  # the other time by DFTU_SENSITIVE_FORMULAS
+
+
 # Called on every call, before any rule; and only for one species.
 @pytest.mark.parametrize(
     ("call", "asked"),

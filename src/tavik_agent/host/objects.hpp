@@ -202,10 +202,12 @@ Value call_method(const Value& value, const char* name, const Values&... argumen
       value.get(), Value::steal(PyUnicode_FromString(name)).get(), arguments.get()..., nullptr));
 }
 
-/// item in left.union(right()): the method is looked up before right() is called.
+/// item in left.union(right()): the method is looked up before right() is called. A plain string is
+/// looked up in both, as nobody can tell.
 template <class Right>
 bool union_contains(const Value& left, Right right, const Value& item) {
-  const Value unite = is_exact_set(left) ? Value() : attribute(left, "union");
+  const bool is_plain = is_exact_set(left) && is_exact_string(item);
+  const Value unite = is_plain ? Value() : attribute(left, "union");
   const auto held = right();
   const Value& other = held;
   if (unite) return contains(call(unite, other), item);

@@ -24,7 +24,8 @@ class FormulaHint {
   bool is_semiconductor_or_insulator(const Module& module) const {
     const auto insulators = [&] { return module.look_up(Global::INSULATOR_FORMULAS); };
     const Current semiconductors = module.look_up(Global::SEMICONDUCTOR_FORMULAS);
-    if (host::is_exact_set(semiconductors) && host::is_exact_set(insulators())) {
+    if (host::is_exact_string(value_) && host::is_exact_set(semiconductors) &&
+        host::is_exact_set(insulators())) {
       return is_in(module, Global::SEMICONDUCTOR_FORMULAS) ||
              is_in(module, Global::INSULATOR_FORMULAS);
     }
