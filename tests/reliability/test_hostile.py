@@ -115,7 +115,6 @@ def test_values_that_meddle_while_they_are_read(deed):
     check_next_call(module)
 
 
-@functools.cache
 @pytest.mark.parametrize("positional", [0, 1])
 def test_arguments_that_are_let_go_of_during_the_call(positional):
     class LettingGo:
@@ -134,6 +133,7 @@ def test_arguments_that_are_let_go_of_during_the_call(positional):
     assert call() == "Zn"
 
 
+@functools.cache
 def nested(kind):
     value = "Fe"
     for _ in range(30_000):
