@@ -4,7 +4,7 @@
 # Of what is still allocated at the end only what the module allocated counts: the host itself
 # leaves much behind, and keeps the names in a code object for good.
 cxx=$1
-directory=$2
+directory=$(cd "$2" && pwd) # as seen from any directory that a test goes to
 shift 2
 
 preload=
