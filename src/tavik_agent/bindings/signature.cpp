@@ -102,12 +102,10 @@ bool take(const Signature& signature, const Arguments& arguments, Bound& bound) 
 
 /// Fills in the defaults; whether there is one wherever nothing was given.
 bool complete(const Signature& signature, Bound& bound) {
-  const Lent null(Py_None);
-  const Lent empty_text = host::lasting_empty_string();
   for (std::size_t i = 0; i < signature.count; ++i) {
     if (bound[i]) continue;
     if (signature.parameters[i].otherwise == Default::none) return false;
-    bound[i] = signature.parameters[i].otherwise == Default::null ? null : empty_text;
+    bound[i] = default_of(signature.parameters[i]);
   }
   return true;
 }

@@ -6,7 +6,6 @@
 #include "host/strings.hpp"
 
 namespace tavik::characterization {
-
 namespace {
 
 Value normalised(const Value& value) { return host::lower(host::strip(host::text_form(value))); }

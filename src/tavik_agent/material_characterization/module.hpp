@@ -46,7 +46,7 @@ class Module {
   /// `names` is the namespace of a module in which every Global is bound.
   explicit Module(host::Value names);
 
-  /// False after everything held was let go of.
+  /// False once the module lets go of what it holds.
   bool is_live() const { return static_cast<bool>(namespace_); }
 
   /// Whether nothing was bound anew since every name was last seen to hold what it was loaded with.
@@ -120,6 +120,7 @@ class Module {
     const auto each = [&](auto& values) {
       for (host::Value& value : values) one(value);
     };
+    one(namespace_);  // first, so that nothing is called while only some of it is there
     each(own_);
     each(names_);
     each(labels_);
@@ -135,7 +136,6 @@ class Module {
     if (element_symbols_) each(element_symbols_->held());
     if (PhraseTables* const tables = phrase_tables_.made()) tables->for_each_held(one);
     one(mapping_type_);
-    one(namespace_);
     return stop;
   }
 
