@@ -97,7 +97,17 @@ def test_nothing_is_written_over(answered, capfd):
 )
 def test_interrupted_run_leaves_what_it_answered(stop, status, message):
     command = [*COMMAND, "batch", "-", "-o", "out.jsonl"]
-    with subprocess.Popen(command, stdin=subprocess.PIPE, stderr=subprocess.PIPE) as batch:
+
+    def heed_interruptions():
+        """What a shell starts in the background ignores them, and so would the command."""
+        signal.signal(signal.SIGINT, signal.SIG_DFL)
+
+    with subprocess.Popen(
+        command,
+        stdin=subprocess.PIPE,
+        stderr=subprocess.PIPE,
+        preexec_fn=heed_interruptions,
+    ) as batch:
         batch.stdin.write(as_lines(GOOD))
         batch.stdin.flush()
         while not (Path("out.jsonl").exists() and written().count(b"\n") == len(GOOD)):
