@@ -1,75 +1,65 @@
 // The extension module tavik_agent.material_characterization: its functions and its life.
-#include <Python.h>
-
-#include "bindings/docstrings.hpp"
 #include "bindings/entry.hpp"
 #include "bindings/load.hpp"
+#include "generated/functions.hpp"
 
 namespace tavik::bindings {
 namespace {
 
 namespace rules = characterization;
 
-struct State {
-  Module* module;  ///< none before the module is loaded
+struct Storage {
+  ModuleState* state;  ///< none before the module is loaded
 };
 
-/// No state before the module is executed.
-State* raw_state(PyObject* module) { return static_cast<State*>(PyModule_GetState(module)); }
+Storage* storage_of(PyObject* module) { return static_cast<Storage*>(PyModule_GetState(module)); }
 
-template <class Entry>
-PyMethodDef describe(const char* name, Entry entry, const char* docstring) noexcept {
-  return {name, _PyCFunction_CAST(entry), METH_FASTCALL | METH_KEYWORDS, docstring};
+template <auto Function, const Signature& signature>
+PyMethodDef method() noexcept {
+  return {signature.name, _PyCFunction_CAST((enter<Function, signature>)),
+          METH_FASTCALL | METH_KEYWORDS, signature.docstring};
 }
 
-#define TAVIK_FUNCTION(name) describe(#name, enter<rules::name, docstrings::name>, docstrings::name)
-#define TAVIK_FUNCTION_OF_ANY_NUMBER(name) \
-  describe(#name, enter_any_number<rules::name, docstrings::name>, docstrings::name)
+#define TAVIK_FUNCTION(name) method<rules::name, signatures::name>()
 
 int load(PyObject* module) noexcept {
   return guarded(
       [&] {
-        Value names = Value::borrow(PyModule_GetDict(module));
+        Object names = Object::borrow(PyModule_GetDict(module));
         fill_namespace(names);
-        raw_state(module)->module = new Module(std::move(names));
+        storage_of(module)->state = new ModuleState(std::move(names));
         return 0;
       },
       -1);
 }
 
 int traverse(PyObject* module, visitproc visit, void* arg) {
-  Module* const held = raw_state(module)->module;
+  ModuleState* const held = storage_of(module)->state;
   if (held == nullptr) return 0;
-  return held->for_each_held([&](Value& value) { return visit(value.get(), arg); });
+  return held->for_each_held([&](Object& object) { return visit(object.get(), arg); });
 }
 
 int clear(PyObject* module) {
-  Module* const held = raw_state(module)->module;
+  ModuleState* const held = storage_of(module)->state;
   if (held == nullptr) return 0;
-  return held->for_each_held([](Value& value) {
-    value = Value();
+  held->stop_watching();
+  return held->for_each_held([](Object& object) {
+    object = Object();
     return 0;
   });
 }
 
-void unload(void* module) { delete raw_state(static_cast<PyObject*>(module))->module; }
+void unload(void* module) { delete storage_of(static_cast<PyObject*>(module))->state; }
 
-// The host keeps pointers into these tables and never changes them.
+// Python keeps pointers into these tables and never changes them.
 PyMethodDef functions[] = {
-    TAVIK_FUNCTION_OF_ANY_NUMBER(_combined_text),
-    TAVIK_FUNCTION(_species_from_element_block),
-    TAVIK_FUNCTION(_formula_parts),
-    TAVIK_FUNCTION(_species_from_text),
-    TAVIK_FUNCTION(_formula_hint),
-    TAVIK_FUNCTION(_structure_mode),
-    TAVIK_FUNCTION(_structure_archetype),
-    TAVIK_FUNCTION(classify_system_class),
-    TAVIK_FUNCTION(_electronic_class),
-    TAVIK_FUNCTION(_correlation_class),
-    TAVIK_FUNCTION(_magnetic_class),
-    TAVIK_FUNCTION(_material_family),
-    TAVIK_FUNCTION(characterize_material),
-    {nullptr, nullptr, 0, nullptr},
+    TAVIK_FUNCTION(_combined_text),        TAVIK_FUNCTION(_species_from_element_block),
+    TAVIK_FUNCTION(_formula_parts),        TAVIK_FUNCTION(_species_from_text),
+    TAVIK_FUNCTION(_formula_hint),         TAVIK_FUNCTION(_structure_mode),
+    TAVIK_FUNCTION(_structure_archetype),  TAVIK_FUNCTION(classify_system_class),
+    TAVIK_FUNCTION(_electronic_class),     TAVIK_FUNCTION(_correlation_class),
+    TAVIK_FUNCTION(_magnetic_class),       TAVIK_FUNCTION(_material_family),
+    TAVIK_FUNCTION(characterize_material), {nullptr, nullptr, 0, nullptr},
 };
 
 PyModuleDef_Slot slots[] = {
@@ -83,8 +73,8 @@ PyModuleDef_Slot slots[] = {
 PyModuleDef definition = {
     .m_base = PyModuleDef_HEAD_INIT,
     .m_name = "material_characterization",
-    .m_doc = docstrings::module,
-    .m_size = sizeof(State),
+    .m_doc = signatures::module_docstring,
+    .m_size = sizeof(Storage),
     .m_methods = functions,
     .m_slots = slots,
     .m_traverse = traverse,
@@ -94,12 +84,12 @@ PyModuleDef definition = {
 
 }  // namespace
 
-Module& state_of(PyObject* module) {
-  const State* const state = raw_state(module);
-  if (state == nullptr || state->module == nullptr || !state->module->is_live()) {
-    host::raise(PyExc_RuntimeError, "material_characterization is not loaded");
+const ModuleState& state_of(const Object& module) {
+  const Storage* const storage = storage_of(module.get());
+  if (storage == nullptr || storage->state == nullptr || !storage->state->is_live()) {
+    py::raise(PyExc_RuntimeError, "material_characterization is not loaded");
   }
-  return *state->module;
+  return *storage->state;
 }
 
 }  // namespace tavik::bindings

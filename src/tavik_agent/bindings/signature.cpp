@@ -1,113 +1,105 @@
-// Argument binding. The way that fits is short and direct; the way that does not is left to a
-// function of the host's own making.
+// Argument binding, and the messages for a call that does not fit.
 #include "bindings/signature.hpp"
 
+#include <algorithm>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "host/imports.hpp"
-#include "host/objects.hpp"
-#include "host/strings.hpp"
+#include "py/values.hpp"
 
 namespace tavik::bindings {
 namespace {
 
-using host::check;
-using host::Lent;
-using host::Value;
+using py::Object;
 
-Lent default_of(const Parameter& parameter) {
-  return parameter.otherwise == Default::null ? Lent(Py_None) : host::lasting_empty_string();
+[[noreturn]] void refuse(const Signature& signature, const std::string& reason) {
+  py::raise(PyExc_TypeError, "%s() %s", signature.name, reason.c_str());
 }
 
-Value number(std::size_t value) { return Value::steal(PyLong_FromSize_t(value)); }
+std::string counted(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
 
-/// A code object with the parameters of the signature. It is not compiled: the host's compiler does
-/// not survive an allocation that fails.
-Value code_of(const Signature& signature, const char* name) {
-  const Value empty = Value::steal(reinterpret_cast<PyObject*>(PyCode_NewEmpty("", name, 1)));
-  const Value names = host::new_list();
-  for (std::size_t i = 0; i < signature.count; ++i) {
-    host::append(names, host::string(signature.parameters[i].name));
+/// 'a' and 'b', or 'a', 'b', and 'c'
+std::string listed(const std::vector<std::string_view>& names) {
+  std::string list;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i != 0) list += names.size() > 2 ? ", " : " ";
+    if (i != 0 && i + 1 == names.size()) list += "and ";
+    list.append("'").append(names[i]).append("'");
   }
-  if (signature.takes_any_number) host::append(names, host::string(signature.written));
-  const std::size_t several = signature.takes_any_number ? CO_VARARGS : 0;
-  return host::call_with_keywords(
-      host::attribute(empty, "replace"),
-      {number(signature.positional).get(), number(signature.count - signature.positional).get(),
-       number(host::length(names)).get(), Value::steal(PyList_AsTuple(names.get())).get(),
-       number(CO_OPTIMIZED | CO_NEWLOCALS | several).get()},
-      {"co_argcount", "co_kwonlyargcount", "co_nlocals", "co_varnames", "co_flags"});
+  return list;
 }
 
-/// A host function with the same name, parameters and defaults that has no body.
-Value twin_of(const Signature& signature, const char* name) {
-  const Value defaults = host::new_list();
-  const Value keyword_defaults = host::new_dict();
-  for (std::size_t i = 0; i < signature.count; ++i) {
-    const Parameter& parameter = signature.parameters[i];
-    if (parameter.otherwise == Default::none) continue;
-    if (i < signature.positional) {
-      host::append(defaults, default_of(parameter));
-    } else {
-      host::set(keyword_defaults, host::string(parameter.name), default_of(parameter));
-    }
+[[noreturn]] void refuse_too_many(const Signature& signature, std::size_t given) {
+  const auto by_position = std::span(signature.parameters).first(signature.positional);
+  const auto least = std::ranges::count(by_position, Default::missing, &Parameter::initial);
+  const bool has_defaults = static_cast<std::size_t>(least) < signature.positional;
+  const std::string range = has_defaults ? "from " + std::to_string(least) + " to " : "";
+  refuse(signature, "takes " + range + counted(signature.positional, "positional argument") +
+                        " but " + std::to_string(given) + (given == 1 ? " was" : " were") +
+                        " given");
+}
+
+[[noreturn]] void refuse_unexpected(const Signature& signature, const Object& keyword) {
+  py::raise(PyExc_TypeError, "%s() got an unexpected keyword argument '%S'", signature.name,
+            keyword.get());
+}
+
+/// Names every parameter from the first missing one on that was not given and has no default, of
+/// those that are passed in the same way.
+[[noreturn]] void refuse_missing(const Signature& signature, const Bound& bound,
+                                 std::size_t first) {
+  const bool by_position = first < signature.positional;
+  const std::size_t end = by_position ? signature.positional : signature.count;
+  std::vector<std::string_view> names;
+  for (std::size_t i = first; i < end; ++i) {
+    const auto& [name, initial] = signature.parameters[i];
+    if (!bound[i] && initial == Default::missing) names.push_back(name);
   }
-  Value function =
-      Value::steal(PyFunction_New(code_of(signature, name).get(), host::new_dict().get()));
-  check(PyFunction_SetDefaults(function.get(), Value::steal(PyList_AsTuple(defaults.get())).get()));
-  check(PyFunction_SetKwDefaults(function.get(), keyword_defaults.get()));
-  return function;
-}
-
-/// Makes the same call of the function's twin: the host refuses it as it does for its own
-/// functions.
-[[noreturn]] void refuse(const Signature& signature, const Arguments& arguments) {
-  const std::string name(signature.name);
-  Value::steal(PyObject_Vectorcall(twin_of(signature, name.c_str()).get(), arguments.values,
-                                   arguments.positional, arguments.keyword_names));
-  host::raise(PyExc_SystemError, "%s() refused arguments that fit its signature", name.c_str());
-}
-
-bool is_name(const Value& keyword, std::string_view name) {
-  return host::is_exact_ascii(keyword) ? host::ascii_view(keyword) == name
-                                       : host::equals(keyword, name);
+  const std::string kind = by_position ? "positional" : "keyword-only";
+  refuse(signature, "missing " + counted(names.size(), "required " + kind + " argument") + ": " +
+                        listed(names));
 }
 
 /// Keywords mostly come in the order of the parameters, so the search starts at `expected`.
-std::optional<std::size_t> find_parameter(const Signature& signature, const Value& keyword,
+std::optional<std::size_t> find_parameter(const Signature& signature, const Object& keyword,
                                           std::size_t expected) {
   for (std::size_t n = 0; n < signature.count; ++n) {
-    const std::size_t i =
-        expected + n < signature.count ? expected + n : expected + n - signature.count;
-    if (is_name(keyword, signature.parameters[i].name)) return i;
+    const std::size_t i = (expected + n) % signature.count;
+    if (py::equals(keyword, signature.parameters[i].name)) return i;
   }
   return std::nullopt;
 }
 
-/// Takes what is given; whether it fits.
-bool take(const Signature& signature, const Arguments& arguments, Bound& bound) {
-  if (arguments.positional > signature.positional) return false;
-  for (std::size_t i = 0; i < arguments.positional; ++i) bound[i] = Lent(arguments.values[i]);
+void take_keywords(const Signature& signature, const Arguments& arguments, Bound& bound) {
   std::size_t expected = arguments.positional;
   for (std::size_t i = 0; i < arguments.keywords(); ++i) {
-    const Lent keyword(PyTuple_GET_ITEM(arguments.keyword_names, i));
+    const Object keyword =
+        Object::borrow(PyTuple_GET_ITEM(arguments.keyword_names, static_cast<Py_ssize_t>(i)));
     const auto parameter = find_parameter(signature, keyword, expected);
-    if (!parameter || bound[*parameter]) return false;
-    bound[*parameter] = Lent(arguments.values[arguments.positional + i]);
+    if (!parameter) refuse_unexpected(signature, keyword);
+    if (bound[*parameter]) {
+      refuse(signature,
+             "got multiple values for argument " + listed({signature.parameters[*parameter].name}));
+    }
+    bound[*parameter] = Object::borrow(arguments.values[arguments.positional + i]);
     expected = *parameter + 1;
   }
-  return true;
 }
 
-/// Fills in the defaults; whether there is one wherever nothing was given.
-bool complete(const Signature& signature, Bound& bound) {
-  for (std::size_t i = 0; i < signature.count; ++i) {
-    if (bound[i]) continue;
-    if (signature.parameters[i].otherwise == Default::none) return false;
-    bound[i] = default_of(signature.parameters[i]);
+/// The default of a parameter that was not given.
+Object initial_value(const Signature& signature, const Bound& bound, std::size_t parameter) {
+  switch (signature.parameters[parameter].initial) {
+    case Default::none:
+      return py::none();
+    case Default::empty_text:
+      return py::empty_string();
+    case Default::missing:
+      break;
   }
-  return true;
+  refuse_missing(signature, bound, parameter);
 }
 
 }  // namespace
@@ -117,16 +109,25 @@ std::size_t Arguments::keywords() const {
 }
 
 Bound bind(const Signature& signature, const Arguments& arguments) {
+  if (arguments.positional > signature.positional) refuse_too_many(signature, arguments.positional);
   Bound bound;
-  if (!take(signature, arguments, bound) || !complete(signature, bound)) {
-    refuse(signature, arguments);
+  for (std::size_t i = 0; i < arguments.positional; ++i) {
+    bound[i] = Object::borrow(arguments.values[i]);
+  }
+  take_keywords(signature, arguments, bound);
+  for (std::size_t i = 0; i < signature.count; ++i) {
+    if (!bound[i]) bound[i] = initial_value(signature, bound, i);
   }
   return bound;
 }
 
-std::span<PyObject* const> bind_any_number(const Signature& signature, const Arguments& arguments) {
-  if (arguments.keywords() != 0) refuse(signature, arguments);
-  return {arguments.values, arguments.positional};
+py::Objects bind_any_number(const Signature& signature, const Arguments& arguments) {
+  if (arguments.keywords() != 0) {
+    refuse_unexpected(signature, Object::borrow(PyTuple_GET_ITEM(arguments.keyword_names, 0)));
+  }
+  py::Objects held;
+  for (PyObject* const value : arguments.by_position()) held.push_back(Object::borrow(value));
+  return held;
 }
 
 }  // namespace tavik::bindings

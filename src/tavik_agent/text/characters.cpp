@@ -1,10 +1,6 @@
 // Decoding of single characters, forwards and backwards, and what is built on it.
 #include "text/characters.hpp"
 
-#include <bit>
-
-#include "text/byte_masks.hpp"
-
 namespace tavik::text {
 namespace {
 
@@ -22,14 +18,6 @@ bool is_word(const Character& character, const CharacterTables& tables) {
 }
 
 }  // namespace
-
-std::size_t find_capital(std::string_view text, std::size_t at) {
-  for (; at < text.size(); at += mask_width) {
-    const std::uint64_t capitals = mask_from(text, at, capitals_among);
-    if (capitals != 0) return at + static_cast<std::size_t>(std::countr_zero(capitals));
-  }
-  return text.size();
-}
 
 Character character_at(std::string_view text, std::size_t at) {
   const auto lead = static_cast<unsigned char>(text[at]);
@@ -52,10 +40,6 @@ bool is_word_boundary(std::string_view text, std::size_t at, const CharacterTabl
   const bool before = at > 0 && is_word(character_before(text, at), tables);
   const bool after = at < text.size() && is_word(character_at(text, at), tables);
   return before != after;
-}
-
-void lower(std::string_view text, char* to) {
-  for (const char byte : text) *to++ = ascii_lower(byte);
 }
 
 std::string_view strip(std::string_view text, const CharacterTables& tables) {

@@ -1,15 +1,14 @@
 // Characters of UTF-8 text: decoding, ASCII letter case, stripping, and the questions about a
-// character that only the host's tables can answer. Lone surrogates are decoded like any other
-// character, so text from the host always has a reading here.
+// character that only Unicode tables can answer. Lone surrogates are decoded like any other
+// character, so every Python string has a reading here.
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace tavik::text {
 
-/// What the rules ask of a character. The host fills this in with its own Unicode tables.
+/// What the rules ask of a character. Whoever searches a text brings the Unicode tables.
 struct CharacterTables {
   bool (*is_word)(char32_t);       ///< a letter, a digit or the underscore
   bool (*is_space)(char32_t);      ///< white space
@@ -35,9 +34,6 @@ constexpr bool is_ascii_word(char byte) {
   return is_ascii_upper(byte) || is_ascii_lower(byte) || is_ascii_digit(byte) || byte == '_';
 }
 
-/// Where the first ASCII capital at or after byte `at` is; the end of the text when there is none.
-std::size_t find_capital(std::string_view text, std::size_t at);
-
 /// The character that starts at byte `at`, which must lie before the end of `text`.
 Character character_at(std::string_view text, std::size_t at);
 
@@ -47,9 +43,6 @@ Character character_before(std::string_view text, std::size_t at);
 /// Whether one of the two neighbours of byte `at` is a word character and the other is not;
 /// beyond the ends of `text` there is none.
 bool is_word_boundary(std::string_view text, std::size_t at, const CharacterTables& tables);
-
-/// Writes `text` with small letters for ASCII capitals.
-void lower(std::string_view text, char* to);
 
 /// `text` without leading and trailing white space.
 std::string_view strip(std::string_view text, const CharacterTables& tables);

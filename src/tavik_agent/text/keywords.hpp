@@ -2,8 +2,10 @@
 // keyword, so a keyword is added, moved or removed here and nowhere else.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 #include "text/characters.hpp"
@@ -51,7 +53,6 @@ enum class Accepted : std::uint8_t {
 };
 using enum Accepted;
 
-/// A keyword is ASCII, lower case and sought in lowered text.
 struct Keyword {
   Group group;
   std::string_view text;
@@ -186,5 +187,23 @@ inline constexpr auto keywords = std::to_array<Keyword>({
     {Group::noncollinear, "noncollinear"},
 });
 // clang-format on
+
+inline constexpr std::size_t group_count =
+    static_cast<std::size_t>(std::ranges::max(keywords, {}, &Keyword::group).group) + 1;
+
+static_assert(keywords.size() <= std::numeric_limits<std::uint16_t>::max(),
+              "the search numbers the keywords with 16 bits");
+static_assert(std::ranges::all_of(keywords, [](auto& keyword) { return keyword.text.size() > 1; }),
+              "a keyword has two letters at least: the search goes by the first two");
+static_assert(std::ranges::all_of(keywords,
+                                  [](auto& keyword) {
+                                    return std::ranges::all_of(keyword.text, is_ascii);
+                                  }),
+              "a keyword is ASCII: its bytes are compared with those of UTF-8 text");
+static_assert(std::ranges::none_of(keywords,
+                                   [](auto& keyword) {
+                                     return std::ranges::any_of(keyword.text, is_ascii_upper);
+                                   }),
+              "a keyword is in lower case: it is sought in lowered text");
 
 }  // namespace tavik::text

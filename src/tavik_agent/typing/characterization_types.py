@@ -1,8 +1,10 @@
-"""The types of what material_characterization takes and returns, for checkers and for readers.
+"""The types of what material_characterization takes and returns.
 
-The label sets are closed: a record holds no other label. Whoever needs a set at run time gets it
-with typing.get_args(StructureMode). The mapping types name the keys that are read; a mapping with
-further keys is as welcome, and is typed as a plain Mapping.
+This file is where labels, keys and the words of the intent are written: the C++ enumerations are
+generated from it when the module is built. The label sets are closed: a record holds no other
+label. Whoever needs a set at run time gets it with typing.get_args(StructureMode). The mapping
+types name the keys that are read; a mapping with further keys is as welcome, and is typed as a
+plain Mapping.
 """
 
 from collections.abc import Iterable, Mapping
@@ -51,6 +53,14 @@ MaterialFamily = Literal[
 EnergyUnit = Literal["eV", "Hartree", ""]
 
 SpinMode = Literal["collinear", "non-collinear", ""]
+
+IntentCorrelation = Literal["dft+u", "hybrid", "plain_dft"]
+
+IntentMagnetism = Literal[
+    "non-collinear", "antiferromagnetic", "ferrimagnetic", "ferromagnetic", "nonmagnetic"
+]
+
+IntentComplexity = Literal["simple", "tutorial", "minimal", "basic"]
 
 
 class CharacterizationRecord(TypedDict):
@@ -102,6 +112,13 @@ class StepParameters(TypedDict, total=False):
     domain: DomainBlock
 
 
+class PlannerManifest(TypedDict, total=False):
+    """The texts of a plan that are read: its purpose and its notes, strings or lists of items."""
+
+    purpose: object
+    notes: object
+
+
 class IntentUnits(TypedDict, total=False):
     """The units that the user asked for, in usual spellings: "eV", "Hartree", "atomic units"."""
 
@@ -113,13 +130,8 @@ class QueryIntent(TypedDict, total=False):
 
     species: list[str] | None
     formula: str | None
-    correlation: Literal["dft+u", "hybrid", "plain_dft"] | None
-    magnetism: (
-        Literal[
-            "non-collinear", "antiferromagnetic", "ferrimagnetic", "ferromagnetic", "nonmagnetic"
-        ]
-        | None
-    )
-    complexity_hint: Literal["simple", "tutorial", "minimal", "basic"] | None
+    correlation: IntentCorrelation | None
+    magnetism: IntentMagnetism | None
+    complexity_hint: IntentComplexity | None
     units: IntentUnits | None
     structure_description: str | None

@@ -71,31 +71,19 @@ def characterize_material(
       query_intent           mapping extracted from the query; read are
                                "species":   symbols, for example ["Fe", "O"]
                                "formula":   text; its presence, even empty, rules out guessing
-                               "correlation":     "dft+u", "hybrid" or "plain_dft"
-                               "magnetism":       "non-collinear", "antiferromagnetic", "ferrimagnetic",
-                                                  "ferromagnetic" or "nonmagnetic"
-                               "complexity_hint": "simple", "tutorial", "minimal" or "basic"
-                               "units":           {"energy": "eV" or "Hartree", in usual spellings}
+                               "correlation", "magnetism", "complexity_hint": words, see below
+                               "units":     {"energy": "eV" or "Hartree", in usual spellings}
                                "structure_description": text
                              Other words are allowed and decide nothing by themselves.
 
     Returns a new dict with 17 keys in this order (merged: the base's keys first):
       step                   in upper case
-      structure_mode         "external_structure", "periodic_bulk", "molecule_or_cluster", "unknown"
-      structure_archetype    "stm_sample_tip", "layered_parent_exfoliation", "zincblende",
-                             "graphene_2d", "hbn_2d", "tmd_2d", "phosphorene_2d", "mxene_2d",
-                             "two_dimensional", "surface_slab", "unknown"
-      electronic_class       "metal", "semiconductor", "insulator", "unknown"
-      magnetic_class         "nonmagnetic", "simple_ferromagnet", "collinear_magnetic",
-                             "template_antiferromagnet", "noncollinear_template",
-                             "complex_magnetic", "unknown"
-      correlation_class      "dftu_sensitive", "plain_dft", "unknown"
-      material_family        "two_dimensional", "molecule", "semiconductor", "oxide",
-                             "elemental_metal", "alloy", "other"
+      structure_mode, structure_archetype, electronic_class, magnetic_class, correlation_class,
+      material_family        labels, see below
       species                list of element symbols
       formula_hint           a formula, or ""
-      requested_energy_unit  "eV", "Hartree" or ""
-      explicit_spin_mode     "collinear", "non-collinear" or ""
+      requested_energy_unit, explicit_spin_mode
+                             see below, or "" when neither was asked for
       intent_complexity, intent_correlation, intent_magnetism
                              the intent's words, stripped and in lower case, or ""
       intent_driven          True when the intent named species, formula or one of those three

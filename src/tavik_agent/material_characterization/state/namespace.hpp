@@ -1,0 +1,67 @@
+// The module's namespace, as the rules look names up in it: at the moment of each use, since
+// whoever rebinds a name, a test say, changes what the next use reaches.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <optional>
+
+#include "material_characterization/vocabulary/vocabulary.hpp"
+#include "py/watched_dict.hpp"
+
+namespace tavik::characterization {
+
+/// For each name it is known, from a watch on the namespace, whether it may be bound to anything
+/// but what the module was loaded with. One that may, and every name when no watch could be had, is
+/// looked up in the namespace each time, then among the built-ins, as a Python function would.
+class Namespace final : public py::DictListener {
+ public:
+  /// `names` is the dict of a module in which every Global is bound.
+  explicit Namespace(py::Object names);
+
+  /// False once the module let go of what it holds.
+  bool is_live() const { return static_cast<bool>(names_); }
+
+  /// What the name is bound to now; a NameError when it is not bound any more.
+  py::Object look_up(Global name) const {
+    return is_untouched(name) ? own_[name].new_ref() : look_up_in_dict(name);
+  }
+  /// What the name was bound to when the module was loaded.
+  const py::Object& own(Global name) const { return own_[name]; }
+  /// Whether the name is known to be bound to that. Asking runs no Python code.
+  bool is_untouched(Global name) const {
+    return (changed_.load(std::memory_order_acquire) & bit(name)) == 0;
+  }
+
+  /// Calls action(object) for every object that it holds.
+  template <class Action>
+  void for_each_held(Action action) {
+    for (py::Object& object : own_) action(object);
+    for (py::Object& string : strings_) action(string);
+    action(builtins_);
+    action(names_);
+  }
+  /// The watch must not outlast what it watches.
+  void stop_watching() { watch_.reset(); }
+  void will_change(PyDict_WatchEvent event, PyObject* key, PyObject* new_value) noexcept override;
+
+ private:
+  static constexpr std::uint64_t bit(Global name) {
+    return std::uint64_t{1} << static_cast<unsigned>(name);
+  }
+  static constexpr std::uint64_t every_name = ~std::uint64_t{0};
+  static_assert(py::texts<Global>.size() < 64, "`changed_` has a bit for each name, and one more");
+
+  py::Object look_up_in_dict(Global name) const;
+
+  py::Object names_;
+  py::Object builtins_;
+  py::ByWord<Global> strings_;
+  py::ByWord<Global> own_;
+  /// A bit for each name that may be bound to something else. Once nothing can be told any more, it
+  /// is `every_name` for good.
+  std::atomic<std::uint64_t> changed_ = 0;
+  std::optional<py::DictWatch> watch_;
+};
+
+}  // namespace tavik::characterization

@@ -1,0 +1,58 @@
+// Calls with keywords, and imports worded as Python's import statement words them.
+#include "py/calls.hpp"
+
+#include "py/containers.hpp"
+#include "py/strings.hpp"
+
+namespace tavik::py {
+namespace {
+
+/// The attribute, or no object when there is none.
+Object find_attribute(const Object& object, const Object& name) {
+  PyObject* found = nullptr;
+  return check(PyObject_GetOptionalAttr(object.get(), name.get(), &found)) == 0
+             ? Object()
+             : Object::steal(found);
+}
+
+[[noreturn]] void raise_cannot_import(const Object& module, const Object& module_name,
+                                      const Object& name) {
+  const Object file = find_attribute(module, string("__file__"));
+  const Object place = file && is_string(file) ? file.new_ref() : string("unknown location");
+  const Object text = Object::steal(PyUnicode_FromFormat(
+      "cannot import name %R from %R (%U)", name.get(), module_name.get(), place.get()));
+  PyErr_SetImportError(text.get(), module_name.get(), file ? file.get() : nullptr);
+  throw_with("name_from", name);
+}
+
+}  // namespace
+
+Object call_with_keywords(const Object& function, std::initializer_list<PyObject*> arguments,
+                          std::initializer_list<const char*> names) {
+  const Object keywords = new_list();
+  for (const char* name : names) {
+    if (name != nullptr) append(keywords, string(name));
+  }
+  const Object keyword_names = Object::steal(PyList_AsTuple(keywords.get()));
+  const std::size_t positional = arguments.size() - length(keywords);
+  return Object::steal(
+      PyObject_Vectorcall(function.get(), arguments.begin(), positional, keyword_names.get()));
+}
+
+Object import_from(std::string_view module, std::string_view name) {
+  const Object module_name = string(module);
+  const Object attribute = string(name);
+  const Object imported = Object::steal(PyImport_Import(module_name.get()));
+  Object found = find_attribute(imported, attribute);
+  if (!found) raise_cannot_import(imported, module_name, attribute);
+  return found;
+}
+
+void throw_with(const char* attribute, const Object& value) {
+  const Object error = Object::steal(PyErr_GetRaisedException());
+  check(PyObject_SetAttrString(error.get(), attribute, value.get()));
+  PyErr_SetRaisedException(error.new_ref().release());
+  throw Error{};
+}
+
+}  // namespace tavik::py

@@ -1,0 +1,41 @@
+// Attributes, calls of Python objects, and imports.
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include "py/object.hpp"
+
+namespace tavik::py {
+
+inline Object attribute(const Object& value, const char* name) {
+  return Object::steal(PyObject_GetAttrString(value.get(), name));
+}
+
+/// function(*arguments), and what Python raises when `function` cannot be called
+template <class... Arguments>
+Object call(const Object& function, const Arguments&... arguments) {
+  PyObject* objects[] = {nullptr, arguments.get()...};  // the callee may use the first slot
+  return Object::steal(PyObject_Vectorcall(
+      function.get(), objects + 1, sizeof...(arguments) | PY_VECTORCALL_ARGUMENTS_OFFSET, nullptr));
+}
+
+/// value.name(*arguments)
+template <class... Arguments>
+Object call_method(const Object& value, const char* name, const Arguments&... arguments) {
+  return Object::steal(PyObject_CallMethodObjArgs(
+      value.get(), Object::steal(PyUnicode_FromString(name)).get(), arguments.get()..., nullptr));
+}
+
+/// function(...), each argument by position or, where it has a name, by keyword; those with a name
+/// come last.
+Object call_with_keywords(const Object& function, std::initializer_list<PyObject*> arguments,
+                          std::initializer_list<const char*> names);
+
+/// from module import name. Throws with Python's ImportError, which names what is missing.
+Object import_from(std::string_view module, std::string_view name);
+
+/// Ends the current call with the error that is set, after giving it one more attribute.
+[[noreturn]] void throw_with(const char* attribute, const Object& value);
+
+}  // namespace tavik::py

@@ -1,0 +1,69 @@
+// A watcher's callback is given the dict and nothing of ours. So each watch puts a capsule that
+// leads to it into the dict that Python keeps for the data of extensions in an interpreter, out of
+// reach of Python code, and the callback looks through these.
+#include "py/watched_dict.hpp"
+
+namespace tavik::py {
+namespace {
+
+constexpr char capsule_name[] = "tavik_agent.material_characterization.DictWatch";
+
+/// The interpreter's dict for the data of extensions; no object when it has none (any more).
+PyObject* extension_data() { return PyInterpreterState_GetDict(PyInterpreterState_Get()); }
+
+/// Keeps the error that is set meanwhile, and drops any other.
+class KeepingError {
+ public:
+  KeepingError() : error_(PyErr_GetRaisedException()) {}
+  KeepingError(const KeepingError&) = delete;
+  KeepingError& operator=(const KeepingError&) = delete;
+  ~KeepingError() { PyErr_SetRaisedException(error_); }
+
+ private:
+  PyObject* error_;
+};
+
+}  // namespace
+
+void DictWatch::start() {
+  PyObject* const data = extension_data();
+  if (data == nullptr) return;
+  watcher_ = PyDict_AddWatcher(notify);
+  if (watcher_ < 0) return PyErr_Clear();  // all of them are taken
+  const Object capsule = Object::steal(PyCapsule_New(this, capsule_name, nullptr));
+  Object key = Object::steal(PyLong_FromVoidPtr(this));
+  check(PyDict_SetItem(data, key.get(), capsule.get()));
+  registration_ = std::move(key);
+  check(PyDict_Watch(watcher_, dict_));
+}
+
+DictWatch::~DictWatch() {
+  const KeepingError kept;
+  if (watcher_ < 0) return;
+  PyDict_Unwatch(watcher_, dict_);
+  PyDict_ClearWatcher(watcher_);
+  PyObject* const data = extension_data();
+  if (data != nullptr && registration_) PyDict_DelItem(data, registration_.get());
+}
+
+DictListener* DictWatch::listener_of(PyObject* dict) {
+  DictListener* found = nullptr;
+  PyObject* const data = extension_data();
+  if (data == nullptr) return nullptr;
+  Py_BEGIN_CRITICAL_SECTION(data);
+  PyObject* capsule = nullptr;
+  for (Py_ssize_t at = 0; found == nullptr && PyDict_Next(data, &at, nullptr, &capsule);) {
+    if (!PyCapsule_IsValid(capsule, capsule_name)) continue;
+    auto* const watch = static_cast<DictWatch*>(PyCapsule_GetPointer(capsule, capsule_name));
+    if (watch->dict_ == dict) found = &watch->listener_;
+  }
+  Py_END_CRITICAL_SECTION();
+  return found;
+}
+
+int DictWatch::notify(PyDict_WatchEvent event, PyObject* dict, PyObject* key, PyObject* value) {
+  if (DictListener* const listener = listener_of(dict)) listener->will_change(event, key, value);
+  return 0;
+}
+
+}  // namespace tavik::py
