@@ -24,6 +24,11 @@ def fresh():
     return module
 
 
+def unwatched():
+    """A module for which no dict watcher was left; an interpreter has eight, two for itself."""
+    return [fresh() for _ in range(7)][-1]
+
+
 def names(module):
     return {name: value for name, value in vars(module).items() if not name.startswith("__")}
 

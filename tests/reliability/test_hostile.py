@@ -115,24 +115,6 @@ def test_values_that_meddle_while_they_are_read(deed):
     check_next_call(module)
 
 
-@pytest.mark.parametrize("positional", [0, 1])
-def test_arguments_that_are_let_go_of_during_the_call(positional):
-    class LettingGo:
-        def __str__(self):
-            call.__setstate__((print, (), {}, {}))
-            return ""
-
-    module = copies.fresh()
-    species = ["".join(["Z", "n"]), "O"]
-    arguments = [LettingGo(), species[:]][: 1 + positional]
-    others = {} if positional else {"species": species[:]}
-    call = functools.partial(module._formula_hint, *arguments)
-    del arguments
-    assert call(**others) == "ZnO"
-    call = functools.partial(module._combined_text, [LettingGo()], ["".join(["Z", "n"])])
-    assert call() == "Zn"
-
-
 @functools.cache
 def nested(kind):
     value = "Fe"
