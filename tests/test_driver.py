@@ -1,8 +1,10 @@
 """The stages of one characterization: what each receives, what it leaves, and the record."""
 
 import collections
+import types
 
 import pytest
+from tavik_agent.characterization_types import CharacterizationRecord
 
 from tavik_agent import material_characterization as mc
 
@@ -18,22 +20,23 @@ def test_whole_record():
         query_text="Relax antiferromagnetic Fe2O3 with DFT+U",
         query_intent={"correlation": "dft+u", "magnetism": "antiferromagnetic"},
     )
-    evidence = [
-        "element definitions declare species ['Fe', 'O']",
-        "formula hint Fe2O3",
-        "correlation class=dftu_sensitive",
-        "magnetic class=template_antiferromagnet",
-        "material family=oxide",
-    ]
-    assert list(found.items()) == [
-        *(("step", "RELAX"), ("structure_mode", "unknown"), ("structure_archetype", "unknown")),
-        *(("electronic_class", "unknown"), ("magnetic_class", "template_antiferromagnet")),
-        *(("correlation_class", "dftu_sensitive"), ("material_family", "oxide")),
-        *(("species", ["Fe", "O"]), ("formula_hint", "Fe2O3"), ("requested_energy_unit", "")),
-        *(("explicit_spin_mode", "collinear"), ("intent_complexity", "")),
-        *(("intent_correlation", "dft+u"), ("intent_magnetism", "antiferromagnetic")),
-        *(("intent_driven", True), ("evidence", evidence), ("confidence", 0.8)),
-    ]
+    assert found == {
+        **{"step": "RELAX", "structure_mode": "unknown", "structure_archetype": "unknown"},
+        **{"electronic_class": "unknown", "magnetic_class": "template_antiferromagnet"},
+        **{"correlation_class": "dftu_sensitive", "material_family": "oxide"},
+        **{"species": ["Fe", "O"], "formula_hint": "Fe2O3", "requested_energy_unit": ""},
+        **{"explicit_spin_mode": "collinear", "intent_complexity": "", "intent_driven": True},
+        **{"intent_correlation": "dft+u", "intent_magnetism": "antiferromagnetic"},
+        "evidence": [
+            "element definitions declare species ['Fe', 'O']",
+            "formula hint Fe2O3",
+            "correlation class=dftu_sensitive",
+            "magnetic class=template_antiferromagnet",
+            "material family=oxide",
+        ],
+        "confidence": 0.8,
+    }
+    assert list(found) == list(CharacterizationRecord.__annotations__)
 
 
 def test_step():
@@ -72,12 +75,8 @@ def test_first_source_of_species_wins(inputs, species, message):
     assert lines == ([message.format(species)] if message else [])
 
 
-def test_earlier_steps_are_read_up_to_the_first_that_declares():
-    class Untouchable(collections.UserDict):
-        def get(self, key, default=None):
-            raise AssertionError("read too far")
-
-    steps = collections.OrderedDict(later=Untouchable(), first={}, second=BLOCK)
+def test_earlier_steps_are_read_in_their_order_up_to_the_first_that_declares():
+    steps = collections.OrderedDict(later={"element": {"Cu": 1}}, first={}, second=BLOCK)
     steps.move_to_end("later")
     assert characterize(previous_steps_params=steps)["species"] == ["Ni"]
 
@@ -125,47 +124,27 @@ def test_intent_is_read_by_its_own_get_in_order():
 
 
 def test_inputs_are_read_as_they_are_by_then():
-    class Symbol(str):
-        def strip(self):
-            params["atom"] = {"xyz": [1]}
-            return "Fe"
-
-    params = {"element": [{"species": Symbol()}]}
-    assert characterize(step_params=params)["structure_mode"] == "molecule_or_cluster"
-
-
-def test_attributes_as_inputs_are_read_as_they_are_by_then():
     class Symbol:
         def __str__(self):
-            intent.magnetism = "nonmagnetic"
+            intent.magnetism, params["atom"] = "nonmagnetic", {"xyz": [1]}
             return "Fe"
 
-    intent = type("Intent", (), {})()
-    intent.species, intent.magnetism = [Symbol()], "ferromagnetic"
-    assert characterize(query_intent=vars(intent))["intent_magnetism"] == "nonmagnetic"
+    # Attributes are entries of a dict that lie in an object.
+    intent = types.SimpleNamespace(species=[Symbol()], magnetism="ferromagnetic")
+    params = {"domain": None}
+    found = characterize(step_params=params, query_intent=vars(intent))
+    assert found["intent_magnetism"] == "nonmagnetic"
+    assert found["structure_mode"] == "molecule_or_cluster"
 
 
 def test_findings_are_taken_as_they_are_at_first():
-    class Adding(dict):
-        def get(self, key, default=None):
-            findings.append("NiO")
-
-    class Query(str):
-        def strip(self):
-            findings.append("NiO")
-            return "a"
-
-    class Key(str):
-        def __eq__(self, other):
-            findings.append("NiO")
-            return False
-
-        __hash__ = str.__hash__
+    def add(self, *_):
+        findings.append("NiO")
+        return "a"
 
     for inputs in (
-        {"planner_manifest": Adding(x=1)},
-        {"planner_manifest": {Key("notes"): "a"}},
-        {"query_text": Query("a")},
+        {"planner_manifest": type("Manifest", (dict,), {"get": add})(x=1)},
+        {"query_text": type("Query", (str,), {"strip": add})("a")},
     ):
         findings = ["nothing"]
         assert characterize(findings=findings, **inputs)["species"] == [], inputs
@@ -249,9 +228,10 @@ def test_cross_check_asks_for_the_parts_by_name(record):
 def test_complexity_flag():
     for hint in (" Simple ", "TUTORIAL", "minimal", "basic", "simplest", "beginner", 0):
         found = characterize(query_intent={"complexity_hint": hint})
+        word = hint.strip().lower() if hint else ""
         flagged = any("flagged as" in line for line in found["evidence"])
-        assert flagged == (str(hint).strip().lower() in ("simple", "tutorial", "minimal", "basic"))
-        assert found["intent_complexity"] == (hint.strip().lower() if hint else "")
+        assert flagged == (word in ("simple", "tutorial", "minimal", "basic"))
+        assert found["intent_complexity"] == word
 
 
 def test_intent_driven():

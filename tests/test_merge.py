@@ -108,11 +108,11 @@ def test_confidence_that_is_no_number_stays():
 
 @pytest.mark.parametrize("earlier", ["high", "0.5 0.6", [0.5], 1j, "0.5\0", "\ud800"])
 def test_confidence_that_is_refused(earlier):
-    with pytest.raises((TypeError, ValueError)) as by_host:
+    with pytest.raises((TypeError, ValueError)) as by_python:
         float(earlier)
-    with pytest.raises(by_host.type) as caught:
+    with pytest.raises(by_python.type) as caught:
         merge({"confidence": earlier})
-    assert str(caught.value) == str(by_host.value)
+    assert str(caught.value) == str(by_python.value)
 
 
 @pytest.mark.parametrize("base", [5, "x", [1], {1}])
