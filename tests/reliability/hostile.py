@@ -17,14 +17,17 @@ class Failure(BaseException):
 class Mapping(collections.abc.Mapping):
     """A mapping of no built-in type."""
 
+    def __init__(self, content=CONTENT):
+        self._content = content
+
     def __getitem__(self, key):
-        return CONTENT[key]
+        return self._content[key]
 
     def __iter__(self):
-        return iter(CONTENT)
+        return iter(self._content)
 
     def __len__(self):
-        return len(CONTENT)
+        return len(self._content)
 
 
 class Key(str):
