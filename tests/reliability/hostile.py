@@ -5,7 +5,7 @@ import copy
 import functools
 import itertools
 
-from . import calls
+from . import calls, copies
 
 CONTENT = {"species": ["Fe"], "element": {"Fe": 1}, "evidence": ["A"], "units": {"energy": "eV"}}
 
@@ -117,3 +117,22 @@ def calls_with(make):
             yield name, others() | {parameter: places(make)[place]}
             if name == "characterize_material":  # alone, where no other argument decides first
                 yield name, {"step": "", parameter: places(make)[place]}
+
+
+def manganese():
+    """What is read of it no call of calls.FUNCTIONS reads."""
+    return {"step": "", "query_text": "Mn"}
+
+
+def uses(module, make):
+    """A new value in every place of every function's arguments, then under every name of the module
+    while functions read it: the function, its arguments and the name."""
+    for function, arguments in calls_with(make):
+        yield function, arguments, None
+    own = copies.names(module)
+    reading = [*calls.FUNCTIONS.items(), ("characterize_material", manganese)]
+    for name, (function, arguments) in itertools.product(own, reading):
+        if function != name:
+            setattr(module, name, make())
+            yield function, arguments(), name
+            vars(module).update(own)

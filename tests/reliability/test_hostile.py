@@ -13,11 +13,6 @@ from reliability import calls, copies, hostile
 # What a value of the wrong kind, one that changed while it was read, or one that claims an immense
 # length may end in.
 REFUSALS = (AttributeError, LookupError, TypeError, ValueError, RuntimeError, MemoryError)
-# Calls that read every name of the module between them but these.
-READING = [
-    *calls.FUNCTIONS.items(),
-    ("characterize_material", lambda: {"step": "", "query_text": "Mn"}),
-]
 UNREAD = "METHOD_ACRONYMS _FORMULA_TOKEN_RE _FORMULA_PART_RE characterize_material"
 EXPECTED = {name: calls.result(copies.fresh(), name) for name in calls.FUNCTIONS}
 
@@ -40,23 +35,10 @@ def attempt(module, name, arguments, raised=()):
         assert caught is None or isinstance(caught, REFUSALS), repr(caught)
 
 
-def uses(module, make):
-    """A new value in every place of every function's arguments, then under every name of the module
-    while functions read it: the function, its arguments and the name."""
-    for name, arguments in hostile.calls_with(make):
-        yield name, arguments, None
-    own = copies.names(module)
-    for name, (function, arguments) in itertools.product(own, READING):
-        if function != name:
-            setattr(module, name, make())
-            yield function, arguments(), name
-            vars(module).update(own)
-
-
 def test_error_of_a_value_arrives_unchanged():
     module, raised, reached = copies.fresh(), [], collections.Counter()
     for make in hostile.failing(raised):
-        for function, arguments, name in uses(module, make):
+        for function, arguments, name in hostile.uses(module, make):
             raised.clear()
             attempt(module, function, arguments, raised)
             reached[name] += bool(raised)
@@ -98,28 +80,21 @@ def test_values_that_meddle_while_they_are_read(deed):
     own = copies.names(module)
     values = [*hostile.answering(lambda: DEEDS[deed](module=module, own=own, victims=victims))]
     for make in values if deed == "none" else values[::9]:
-        for function, arguments, _ in uses(module, make):
+        for function, arguments, _ in hostile.uses(module, make):
             victims[:] = arguments.values()
             attempt(module, function, arguments)
             vars(module).update(own)
     check_next_call(module)
 
 
-@functools.cache
-def nested(kind):
-    value = "Fe"
-    for _ in range(30_000):
-        value = {"element": value} if kind is dict else [value]
-    return value
-
-
-@pytest.mark.parametrize("kind", [list, dict])
-def test_deep_nesting(kind):
+@pytest.mark.parametrize("wrap", [lambda v: [v], lambda v: {"element": v}], ids=["list", "dict"])
+def test_deep_nesting(wrap):
     module = copies.fresh()
-    for name, arguments in hostile.calls_with(lambda: nested(kind)):
+    nested = functools.reduce(lambda value, _: wrap(value), range(30_000), "Fe")
+    for name, arguments in hostile.calls_with(lambda: nested):
         attempt(module, name, arguments)
     with pytest.raises(RecursionError):
-        module.characterize_material(step="", findings=[nested(kind)])
+        module.characterize_material(step="", findings=[nested])
     check_next_call(module)
 
 
