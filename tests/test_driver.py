@@ -53,21 +53,21 @@ def named(*species):
     return {"query_intent": {"species": species}}
 
 
-@pytest.mark.parametrize(
-    ("inputs", "species", "message"),
-    [
-        ({"step_params": BLOCK} | named("Fe"), ["Ni"], "element definitions declare species {}"),
-        (
-            named(" fe ", "FE", "", None) | EARLIER | PROSE,
-            ["Fe", "None"],
-            "user query explicitly named species {} (LLM intent)",
-        ),
-        (named(*"o'ß"), ["O", "'", "SS"], "user query explicitly named species {} (LLM intent)"),
-        (EARLIER | PROSE, ["Ni"], "reused prior-step species {}"),
-        (PROSE, ["C", "O"], "prose-scanned fallback species {} (low confidence)"),
-        ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], ""),
-    ],
-)
+SOURCES_OF_SPECIES = [
+    ({"step_params": BLOCK} | named("Fe"), ["Ni"], "element definitions declare species {}"),
+    (
+        named(" fe ", "FE", "", None) | EARLIER | PROSE,
+        ["Fe", "None"],
+        "user query explicitly named species {} (LLM intent)",
+    ),
+    (named(*"o'ß"), ["O", "'", "SS"], "user query explicitly named species {} (LLM intent)"),
+    (EARLIER | PROSE, ["Ni"], "reused prior-step species {}"),
+    (PROSE, ["C", "O"], "prose-scanned fallback species {} (low confidence)"),
+    ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], ""),
+]
+
+
+@pytest.mark.parametrize(("inputs", "species", "message"), SOURCES_OF_SPECIES)
 def test_first_source_of_species_wins(inputs, species, message):
     found = characterize(**inputs)
     lines = [line for line in found["evidence"] if "species" in line]
@@ -84,21 +84,21 @@ def test_earlier_steps_are_read_in_their_order_up_to_the_first_that_declares():
 WROTE = "user query explicitly wrote formula {} (LLM intent)"
 
 
-@pytest.mark.parametrize(
-    ("intent", "query", "hint", "message"),
-    [
-        ({"formula": " fE2o3\n", "species": "x"}, "NiO", "fE2o3", WROTE),
-        ({"formula": "\ud800\0"}, "", "\ud800\0", WROTE),
-        ({"formula": ["NiO"]}, "", "['NiO']", WROTE),
-        ({"formula": None}, "NiO", "", None),
-        ({"formula": " "}, "NiO", "", None),
-        ({}, "NiO", "NiO", "formula hint {}"),
-        ({}, "nothing", "FeO", "formula hint {}"),  # from the findings
-        ({"species": ["Fe"]}, "Fe2O3", "", None),  # names what the intent does not
-        ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", "formula hint {}"),
-        ({"species": ["Cu"]}, "green salt", "FeXy", "formula hint {}"),  # has no parts
-    ],
-)
+HINTS = [
+    ({"formula": " fE2o3\n", "species": "x"}, "NiO", "fE2o3", WROTE),
+    ({"formula": "\ud800\0"}, "", "\ud800\0", WROTE),
+    ({"formula": ["NiO"]}, "", "['NiO']", WROTE),
+    ({"formula": None}, "NiO", "", None),
+    ({"formula": " "}, "NiO", "", None),
+    ({}, "NiO", "NiO", "formula hint {}"),
+    ({}, "nothing", "FeO", "formula hint {}"),  # from the findings
+    ({"species": ["Fe"]}, "Fe2O3", "", None),  # names what the intent does not
+    ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", "formula hint {}"),
+    ({"species": ["Cu"]}, "green salt", "FeXy", "formula hint {}"),  # has no parts
+]
+
+
+@pytest.mark.parametrize(("intent", "query", "hint", "message"), HINTS)
 def test_formula_hint(intent, query, hint, message):
     # The element block declares more than the intent; the cross-check is with the intent.
     block = {"element": {"Fe": 1, "O": 1}}

@@ -10,20 +10,20 @@ from tavik_agent import material_characterization as mc
 CELL = {"latvec": [[1, 0, 0], [0, 1, 0], [0, 0, 1]]}
 
 
-@pytest.mark.parametrize(
-    ("atom", "domain", "mode"),
-    [
-        ({"xyz": "POSCAR"}, CELL, "external_structure"),
-        ({"xyz": " \u2003"}, None, "molecule_or_cluster"),  # no name, yet not null
-        ({"xyz": " "}, CELL, "periodic_bulk"),
-        ({"xyz": None, "fracxyz": "POSCAR"}, CELL, "periodic_bulk"),
-        ({"fracxyz": []}, None, "molecule_or_cluster"),
-        ({"xyz": [1]}, {"latvec": None}, "molecule_or_cluster"),
-        ({"xyz": False}, {"latvec": 0}, "periodic_bulk"),
-        ({"xyz": [1]}, [("latvec", 1)], "molecule_or_cluster"),
-        (collections.ChainMap({}, {"xyz": [1]}), types.MappingProxyType(CELL), "periodic_bulk"),
-    ],
-)
+MODES = [
+    ({"xyz": "POSCAR"}, CELL, "external_structure"),
+    ({"xyz": " \u2003"}, None, "molecule_or_cluster"),  # no name, yet not null
+    ({"xyz": " "}, CELL, "periodic_bulk"),
+    ({"xyz": None, "fracxyz": "POSCAR"}, CELL, "periodic_bulk"),
+    ({"fracxyz": []}, None, "molecule_or_cluster"),
+    ({"xyz": [1]}, {"latvec": None}, "molecule_or_cluster"),
+    ({"xyz": False}, {"latvec": 0}, "periodic_bulk"),
+    ({"xyz": [1]}, [("latvec", 1)], "molecule_or_cluster"),
+    (collections.ChainMap({}, {"xyz": [1]}), types.MappingProxyType(CELL), "periodic_bulk"),
+]
+
+
+@pytest.mark.parametrize(("atom", "domain", "mode"), MODES)
 def test_mode_from_parameters(atom, domain, mode):
     # Once there are coordinates the text is not read; None could not even be lowered.
     assert mc._structure_mode({"atom": atom, "domain": domain}, None) == mode
@@ -88,27 +88,27 @@ LOWERED = {"lower": lambda self: Silent("graphene")}
 Lowered = type("Lowered", (str,), LOWERED | dict.fromkeys(["__str__", "strip"], lambda self: self))
 
 
-@pytest.mark.parametrize(
-    ("query", "description", "combined", "label"),
-    [
-        ("vacuum film of bulk, bulk ", "", "", "surface_slab"),  # the query is stripped
-        ("vacuum film bulk", " x", "", "unknown"),
-        ("vacuum film bulk\n", "x", "", "surface_slab"),
-        ("", "", "vacuum film bulk ", "unknown"),  # the joined text is not stripped
-        ("band structure", "", "graphene", "unknown"),  # the query alone is read
-        ("", "a cell", "graphene", "unknown"),
-        (" \n", " \t", "Monolayer Graphene", "graphene_2d"),
-        (0, None, "graphene", "graphene_2d"),
-        ("sample", "tip", "", "stm_sample_tip"),
-        ("boron", " nitride", "", "hbn_2d"),  # joined by one blank
-        ("boron ", "nitride", "", "unknown"),
-        (["MXene"], 0, "", "mxene_2d"),
-        (None, ["MXene"], "", "mxene_2d"),
-        (None, Lowered("x"), "", "graphene_2d"),
-        ("", "", " ", "unknown"),
-        *((word, "", None, "unknown") for word in ("zinc blende", "adsorption", "vacuum")),
-    ],
-)
+DECIDING_TEXTS = [
+    ("vacuum film of bulk, bulk ", "", "", "surface_slab"),  # the query is stripped
+    ("vacuum film bulk", " x", "", "unknown"),
+    ("vacuum film bulk\n", "x", "", "surface_slab"),
+    ("", "", "vacuum film bulk ", "unknown"),  # the joined text is not stripped
+    ("band structure", "", "graphene", "unknown"),  # the query alone is read
+    ("", "a cell", "graphene", "unknown"),
+    (" \n", " \t", "Monolayer Graphene", "graphene_2d"),
+    (0, None, "graphene", "graphene_2d"),
+    ("sample", "tip", "", "stm_sample_tip"),
+    ("boron", " nitride", "", "hbn_2d"),  # joined by one blank
+    ("boron ", "nitride", "", "unknown"),
+    (["MXene"], 0, "", "mxene_2d"),
+    (None, ["MXene"], "", "mxene_2d"),
+    (None, Lowered("x"), "", "graphene_2d"),
+    ("", "", " ", "unknown"),
+    *((word, "", None, "unknown") for word in ("zinc blende", "adsorption", "vacuum")),
+]
+
+
+@pytest.mark.parametrize(("query", "description", "combined", "label"), DECIDING_TEXTS)
 def test_text_that_decides_the_archetype(query, description, combined, label):
     intent = types.MappingProxyType({"structure_description": description})
     assert archetype(query, mode="periodic_bulk", intent=intent, combined=combined) == label

@@ -47,18 +47,18 @@ def test_units_that_are_no_mapping(units):
     assert characterize("in eV", units=units)["requested_energy_unit"] == "eV"
 
 
-@pytest.mark.parametrize(
-    ("magnetism", "text", "mode"),
-    [
-        (" Non-Collinear ", "collinear", "non-collinear"),
-        ("ferromagnetic", "", "collinear"),
-        ("AntiFerromagnetic", "non-collinear", "collinear"),
-        ("ferrimagnetic", "noncollinear", "collinear"),
-        ("nonmagnetic", "Non-Collinear", "non-collinear"),
-        ("noncollinear", "col linear", ""),
-        (None, "collinear, then NONCOLLINEAR", "non-collinear"),
-        (["ferromagnetic"], "non xcollinearly", "collinear"),
-    ],
-)
+SPIN_MODES = [
+    (" Non-Collinear ", "collinear", "non-collinear"),
+    ("ferromagnetic", "", "collinear"),
+    ("AntiFerromagnetic", "non-collinear", "collinear"),
+    ("ferrimagnetic", "noncollinear", "collinear"),
+    ("nonmagnetic", "Non-Collinear", "non-collinear"),
+    ("noncollinear", "col linear", ""),
+    (None, "collinear, then NONCOLLINEAR", "non-collinear"),
+    (["ferromagnetic"], "non xcollinearly", "collinear"),
+]
+
+
+@pytest.mark.parametrize(("magnetism", "text", "mode"), SPIN_MODES)
 def test_spin_mode(magnetism, text, mode):
     assert characterize(text, magnetism=magnetism)["explicit_spin_mode"] == mode

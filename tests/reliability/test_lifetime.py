@@ -78,9 +78,8 @@ def test_arguments_that_are_let_go_of_during_the_call(positional):
             return ""
 
     module = copies.fresh()
-    species = ["".join(["Z", "n"]), "O"]
-    arguments = [LettingGo(), species[:]][: 1 + positional]
-    others = {} if positional else {"species": species[:]}
+    arguments = [LettingGo(), ["".join(["Z", "n"]), "O"]]
+    others = {} if positional else {"species": arguments.pop()[:]}
     call = functools.partial(module._formula_hint, *arguments)
     del arguments
     assert call(**others) == "ZnO"
