@@ -5,7 +5,6 @@ import pytest
 
 from tavik_agent import material_characterization as mc
 
-
 # Species as words, formula hint, explicit text, archetype, label.
 SYSTEM_CLASSES = [
     # two-dimensional archetypes decide whatever the rest says

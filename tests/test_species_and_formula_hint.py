@@ -10,7 +10,6 @@ import pytest
 
 from tavik_agent import material_characterization as mc
 
-
 PROSE = [
     ("NiO and Fe2O3", "Ni O Fe"),
     # compound names, then element names, then formulas; the tables' order within each
