@@ -1,32 +1,12 @@
-"""The confidence score, and the merge with an earlier characterization."""
+"""The merge with an earlier characterization."""
 
 import collections
-import itertools
 import math
 import types
 
 import pytest
 
 from tavik_agent import material_characterization as mc
-
-CLASSES = ["_structure_mode", "_electronic_class", "_magnetic_class", "_correlation_class"]
-INCREMENTS = [0.2, 0.15, 0.15, 0.15, 0.1, 0.1]
-
-
-@pytest.mark.parametrize("found", list(itertools.product([False, True], repeat=6)))
-def test_confidence(record, found):
-    species, *classes, formula = found
-    record(
-        **{name: "x" if known else "unknown" for name, known in zip(CLASSES, classes, strict=True)}
-    )
-    record(_structure_archetype="graphene_2d", _material_family="oxide")  # do not count
-    intent = {"species": ["Fe"] * species, "formula": "X" * formula}
-    confidence = mc.characterize_material(step="", query_intent=intent)["confidence"]
-    expected = 0.25
-    for increment in itertools.compress(INCREMENTS, found):
-        expected += increment
-    assert type(confidence) is float
-    assert confidence == min(round(expected, 2), 0.95)
 
 
 def merge(base, step="", **inputs):

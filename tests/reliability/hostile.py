@@ -47,7 +47,7 @@ METHODS = {
     object: "__iter__ __len__ __bool__ __contains__ __str__ __float__ __eq__ __hash__ __call__ get "
     "items union __class__ __getattribute__",
 }
-# What a failing method may raise: from everywhere, and where the host calls it by its name.
+# What a failing method may raise: anywhere, and where Python code calls it by its name.
 ERRORS = [Failure, KeyboardInterrupt, MemoryError, RecursionError]
 ERRORS_BY_NAME = [KeyError, IndexError, StopIteration, AttributeError, TypeError]
 ANSWERS = {
@@ -92,7 +92,7 @@ def failing(raised):
 def answering(act):
     """Makers of values of which one method calls `act`, then gives one odd answer or another."""
     for kind, method in rows():
-        others = OTHER_ANSWERS if method != "__hash__" else []  # which the host would leak
+        others = OTHER_ANSWERS if method != "__hash__" else []  # which Python would leak
         for answer in [*ANSWERS.get(method, []), *others]:
 
             def body(self, *args, answer=answer, **kwargs):

@@ -130,9 +130,9 @@ def check(module, replaced, request, fits, number):
     found = outcome(module, request)
     is_record = not isinstance(found, Exception)
     assert is_record or not fits, found
-    spoilt = outcome(module, request)
+    changed = outcome(module, request)
     if is_record:
-        spoilt["evidence"].append("not the argument's, nor of a later record")
+        changed["evidence"].append("not the argument's, nor of a later record")
     assert repr(outcome(module, request)) == repr(found), "another answer to the same call"
     assert repr(outcome(replaced, request)) == repr(found), "another answer by replaced names"
     kind = MAPPINGS[number % len(MAPPINGS)]

@@ -9,12 +9,12 @@ import threading
 
 import pytest
 from reliability import calls, copies, hostile
+from reliability.endurance import EXPECTED
 
 # What a value of the wrong kind, one that changed while it was read, or one that claims an immense
 # length may end in.
 REFUSALS = (AttributeError, LookupError, TypeError, ValueError, RuntimeError, MemoryError)
 UNREAD = "METHOD_ACRONYMS _FORMULA_TOKEN_RE _FORMULA_PART_RE characterize_material"
-EXPECTED = {name: calls.result(copies.fresh(), name) for name in calls.FUNCTIONS}
 
 
 def check_next_call(module, names=calls.FUNCTIONS):
@@ -47,41 +47,42 @@ def test_error_of_a_value_arrives_unchanged():
     check_next_call(module)
 
 
-def change_all(victims, change):
-    for victim in [v for v in victims if type(v) in (list, dict)]:
-        parts = victim.values() if type(victim) is dict else victim
-        for part in [victim, *(part for part in parts if type(part) in (list, dict))]:
-            change(part)
+def change_all(values, change):
+    """Changes every list and dict among the values, and those directly in them."""
+    for outer in [value for value in values if type(value) in (list, dict)]:
+        inner = outer.values() if type(outer) is dict else outer
+        for found in [outer, *(value for value in inner if type(value) in (list, dict))]:
+            change(found)
 
 
-def grow(victim):
-    if len(victim) < 99:
-        victim.append("Ni") if type(victim) is list else victim.update({f"k{len(victim)}": 1})
+def grow(found):
+    if len(found) < 99:
+        found.append("Ni") if type(found) is list else found.update({f"k{len(found)}": 1})
 
 
-def shrink(victim):
-    if victim:
-        victim.pop() if type(victim) is list else victim.popitem()
+def shrink(found):
+    if found:
+        found.pop() if type(found) is list else found.popitem()
 
 
-DEEDS = {
+ACTIONS = {
     "none": lambda **_: None,
-    "grow": lambda victims, **_: change_all(victims, grow),
-    "shrink": lambda victims, **_: change_all(victims, shrink),
-    "clear": lambda victims, **_: change_all(victims, lambda victim: victim.clear()),
+    "grow": lambda given, **_: change_all(given, grow),
+    "shrink": lambda given, **_: change_all(given, shrink),
+    "clear": lambda given, **_: change_all(given, lambda found: found.clear()),
     "rebind": lambda module, own, **_: copies.rebind(module, own),
     "call back": lambda module, **_: check_next_call(module, ["characterize_material"]),
 }
 
 
-@pytest.mark.parametrize("deed", DEEDS)
-def test_values_that_meddle_while_they_are_read(deed):
-    module, victims = copies.fresh(), []
+@pytest.mark.parametrize("action", ACTIONS)
+def test_values_that_act_while_they_are_read(action):
+    module, given = copies.fresh(), []
     own = copies.names(module)
-    values = [*hostile.answering(lambda: DEEDS[deed](module=module, own=own, victims=victims))]
-    for make in values if deed == "none" else values[::9]:
+    values = [*hostile.answering(lambda: ACTIONS[action](module=module, own=own, given=given))]
+    for make in values if action == "none" else values[::9]:
         for function, arguments, _ in hostile.uses(module, make):
-            victims[:] = arguments.values()
+            given[:] = arguments.values()
             attempt(module, function, arguments)
             vars(module).update(own)
     check_next_call(module)

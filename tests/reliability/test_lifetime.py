@@ -71,19 +71,19 @@ def test_module_lives_while_its_function_runs(borrowed, names):
 
 
 @pytest.mark.parametrize("positional", [0, 1])
-def test_arguments_that_are_let_go_of_during_the_call(positional):
-    class LettingGo:
+def test_arguments_live_while_the_function_runs(positional):
+    class DropsArguments:
         def __str__(self):
             call.__setstate__((print, (), {}, {}))
             return ""
 
     module = copies.fresh()
-    arguments = [LettingGo(), ["".join(["Z", "n"]), "O"]]
+    arguments = [DropsArguments(), ["".join(["Z", "n"]), "O"]]
     others = {} if positional else {"species": arguments.pop()[:]}
     call = functools.partial(module._formula_hint, *arguments)
     del arguments
     assert call(**others) == "ZnO"
-    call = functools.partial(module._combined_text, [LettingGo()], ["".join(["Z", "n"])])
+    call = functools.partial(module._combined_text, [DropsArguments()], ["".join(["Z", "n"])])
     assert call() == "Zn"
 
 
@@ -101,11 +101,11 @@ def held_by(module):
     return found
 
 
-def spoil(container):
+def overwrite(container):
     if isinstance(container, dict):
-        container.update(dict.fromkeys([*container, "more"], "spoiled"))
+        container.update(dict.fromkeys([*container, "more"], "overwritten"))
     else:
-        (container.append if isinstance(container, list) else container.add)("spoiled")
+        (container.append if isinstance(container, list) else container.add)("overwritten")
 
 
 def test_nothing_that_records_are_made_from_can_be_changed():
@@ -120,5 +120,5 @@ def test_nothing_that_records_are_made_from_can_be_changed():
     made = [known for known in made if type(known) is dict and "confidence" in known]
     made += [value for record in records for value in record.values() if type(value) is list]
     for known in [*held_by(module), *made]:
-        spoil(known)
+        overwrite(known)
     assert repr([module.characterize_material(**request) for request in requests]) == expected
