@@ -8,6 +8,7 @@ import sys
 import pytest
 from hypothesis import example, given
 from hypothesis import strategies as st
+from reliability import copies
 
 from tavik_agent import material_characterization as mc
 
@@ -52,37 +53,41 @@ class Written:
 ELEMENTS = "Fe|O|H|Xy|In|DFT|HSe|Co|CO|E|e|x|2|3|10| |-"
 
 
-def parts_by_definition(token):
-    parts = mc._FORMULA_PART_RE.findall(token)
+def parts_by_definition(module, token):
+    parts = module._FORMULA_PART_RE.findall(token)
     if "".join(symbol + digits for symbol, digits in parts) != token:
         return []
-    if not all(symbol in mc.KNOWN_ELEMENT_SYMBOLS for symbol, _ in parts):
+    if not all(symbol in module.KNOWN_ELEMENT_SYMBOLS for symbol, _ in parts):
         return []
     return [(symbol, int(digits) if digits else 1) for symbol, digits in parts]
 
 
-FORMULAS = (
-    "The Fe2O3-based MoS2/WS2 (NiO)|Ba0.5Sr0.5TiO3|In As I He No Be|Fe\u0662O|HHHHHHHHH HHHHHHHH"
-)
-FORMULAS += "|H1H1H1H1H1H1H1H1H1 O|DFT+U on NiO; HSE HSe Dft SCF scf|"
+FORMULAS = "The Fe2O3-based MoS2/WS2 (NiO)|Ba0.5Sr0.5TiO3|In As I He No Be|Fe\u0662O|HHHHHHHHH NiO"
+FORMULAS += "|HHHHHHHH|H1H1H1H1H1H1H1H1H1 O|DFT+U on NiO; HSE HSe Dft SCF scf|"
 # Glued to a word character, and next to what is none.
 FORMULAS += "|1Fe2O3 xFe2O3 Fe2O3s Fe_2 _Fe FeÉ ÉFe Fe² Fe½ ªFe \u0662Fe"
 FORMULAS += "|\0NiO\0 \ud800CO\udfff NaCl\u0301 \u2019H2O\u2019"
 
 
+# With the module's own elements and acronyms, but no phrases.
+OWN = copies.fresh()
+OWN.FORMULA_ALIASES = OWN.ELEMENT_NAME_ALIASES = {}
+
+
+@pytest.mark.parametrize("module", [mc, OWN], ids=["rebound", "own"])
 @on(FORMULAS, texts(ELEMENTS))
-def test_formulas_of_a_text(text):
-    tokens = mc._FORMULA_TOKEN_RE.findall(text)
-    candidates = [token for token in tokens if token.upper() not in mc._NON_FORMULA_TOKENS]
-    accepted = {token: parts_by_definition(token) for token in candidates}
+def test_formulas_of_a_text(module, text):
+    tokens = module._FORMULA_TOKEN_RE.findall(text)
+    candidates = [token for token in tokens if token.upper() not in module._NON_FORMULA_TOKENS]
+    accepted = {token: parts_by_definition(module, token) for token in candidates}
     symbols = [symbol for parts in accepted.values() for symbol, _ in parts]
-    assert mc._species_from_text(text) == list(dict.fromkeys(symbols))
-    assert mc._formula_hint(text, []) == next((t for t, parts in accepted.items() if parts), "")
+    assert module._species_from_text(text) == list(dict.fromkeys(symbols))
+    assert module._formula_hint(text, []) == next((t for t, parts in accepted.items() if parts), "")
     seen = []
     with pytest.MonkeyPatch.context() as patch:
-        patch.setattr(mc, "_formula_parts", lambda token: seen.append(token) or [])
-        mc._species_from_text(text)
-        mc._formula_hint(text, [])
+        patch.setattr(module, "_formula_parts", lambda token: seen.append(token) or [])
+        module._species_from_text(text)
+        module._formula_hint(text, [])
     assert seen == candidates * 2
 
 
@@ -105,7 +110,7 @@ TOKENS += "|Fe-O|Fe2O3 | Fe|Ba0.5|2|Fe_2|FeXy|Xy2|Cs|FE|Fe²|Fe½|\uff26eO|Fe\u0
 
 @on(TOKENS, texts(ELEMENTS) | st.from_regex(r"([A-Z][a-z]?\d*){1,12}", fullmatch=True))
 def test_parts_of_a_token(token):
-    assert mc._formula_parts(token) == parts_by_definition(token)
+    assert mc._formula_parts(token) == parts_by_definition(mc, token)
 
 
 @pytest.mark.parametrize("nine", ["9", "\u0669", "\U0001d7ff"], ids=["ascii", "arabic", "astral"])
