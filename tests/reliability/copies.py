@@ -33,6 +33,10 @@ def names(module):
     return {name: value for name, value in vars(module).items() if not name.startswith("__")}
 
 
+UNUSED = {"METHOD_ACRONYMS", "_FORMULA_TOKEN_RE", "_FORMULA_PART_RE", "characterize_material"}
+GLOBALS = sorted({*names(mc)} - UNUSED)  # what functions look up between them
+
+
 def rebind(module, own):
     """Binds the names to other tables and functions of the same effect as their own, of which the
     functions let other threads run."""
