@@ -13,6 +13,7 @@ import resource
 import sys
 import threading
 import time
+from concurrent import futures
 
 from . import calls, copies, hostile
 
@@ -72,22 +73,24 @@ def check_failing_memory(start_failing):
     """Every function's first call after loading, its refusals, and loading. Gives the failures."""
     loaded = copies.fresh()
 
-    def check_call(make, name, module, found):
-        assert found in (MemoryError, make(module, name))
-        assert calls.result(module, name) == EXPECTED[name]
+    for name in calls.FUNCTIONS:
+        for prepare, make in ((copies.fresh, calls.result), (lambda: loaded, refused)):
+
+            def call(module, make=make, name=name):
+                return make(module, name)
+
+            def check(module, found, make=make, name=name):
+                assert found in (MemoryError, make(module, name))
+                assert calls.result(module, name) == EXPECTED[name]
+
+            yield fail_each_allocation(start_failing, prepare, call, check)
 
     def check_loaded(module, found):
         if found is not MemoryError:
             assert {name: calls.result(module, name) for name in EXPECTED} == EXPECTED
 
-    for name in calls.FUNCTIONS:
-        for prepare, make in ((copies.fresh, calls.result), (lambda: loaded, refused)):
-            call = functools.partial(lambda make, name, module: make(module, name), make, name)
-            check = functools.partial(check_call, make, name)
-            yield fail_each_allocation(start_failing, prepare, call, check)
-    yield fail_each_allocation(
-        start_failing, copies.unloaded, copies.LOADER.exec_module, check_loaded
-    )
+    load = copies.LOADER.exec_module
+    yield fail_each_allocation(start_failing, copies.unloaded, load, check_loaded)
 
 
 def sizes(watched):
@@ -138,22 +141,11 @@ def check_growth(good, bad, rounds):
 
 def all_at_once(count, action, *arguments):
     """Runs the action on several threads, which start together; raises the first error of any."""
-    barrier, errors = threading.Barrier(count), []
-
-    def run():
-        barrier.wait()
-        try:
-            action(*arguments)
-        except BaseException as error:
-            errors.append(error)
-
-    threads = [threading.Thread(target=run) for _ in range(count)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    if errors:
-        raise errors[0]
+    barrier = threading.Barrier(count)
+    with futures.ThreadPoolExecutor(count, initializer=barrier.wait) as pool:
+        running = [pool.submit(action, *arguments) for _ in range(count)]
+    for done in running:
+        done.result()
 
 
 def check_threads(seconds, modules):

@@ -15,9 +15,12 @@ OPEN = ("", [], None, "unknown", "other")
 SIMPLE = ("simple", "tutorial", "minimal", "basic")
 COUNTED = {"structure_mode": 15, "electronic_class": 15, "magnetic_class": 15}
 COUNTED |= {"correlation_class": 10, "species": 20, "formula_hint": 10}
+PARAMS = ("step_params", "previous_steps_params")
+OTHER_MAPPINGS = ("planner_manifest", "base_characterization", "query_intent")
 MAPPINGS = [types.MappingProxyType, collections.ChainMap, collections.UserDict, hostile.Mapping]
 MAPPINGS += [collections.OrderedDict, type("D", (dict,), {})]
 Text = type("Text", (str,), {})
+Empty = type("Empty", (dict,), {"__bool__": lambda self: False})
 
 
 SUPPRESSED = "complex-material heuristics suppressed"
@@ -118,9 +121,8 @@ def in_other_types(request, kind, fits):
 
     texts = {key: Text(value) for key, value in request.items() if type(value) is str}
     # What the text form is read of may name its type.
-    params = {key: remade(request[key], fits) for key in ("step_params", "previous_steps_params")}
-    others = ("planner_manifest", "base_characterization", "query_intent")
-    return request | texts | params | {key: remade(request[key], False) for key in others}
+    params = {key: remade(request[key], fits) for key in PARAMS}
+    return request | texts | params | {key: remade(request[key], False) for key in OTHER_MAPPINGS}
 
 
 def check(module, replaced, request, fits, number):
@@ -139,6 +141,10 @@ def check(module, replaced, request, fits, number):
     other = outcome(module, in_other_types(request, kind, fits))
     assert type(other) is type(found), "another outcome for other types"
     assert not is_record or repr(other) == repr(found), "another answer to other types"
+    name = (*OTHER_MAPPINGS, *PARAMS)[number % 5]
+    empty = Empty(request[name]) if type(request[name]) is dict else {}
+    without = repr(outcome(module, request | {name: None}))
+    assert repr(outcome(module, request | {name: empty})) == without, "emptiness is not asked for"
     assert repr(request) == before, "an argument changed"
     if is_record:
         base = request["base_characterization"]

@@ -6,6 +6,7 @@ import itertools
 import os
 import sys
 import threading
+from concurrent import futures
 
 import pytest
 from reliability import calls, copies, hostile
@@ -100,21 +101,12 @@ def test_deep_nesting(wrap):
 
 def on_usual_stack(action):
     """What the action returns or raises on a stack of 8 MiB."""
-    outcome = []
-
-    def run():
-        try:
-            outcome.append(action())
-        except BaseException as error:
-            outcome.append(error)
-
     sanitized = "asan" in os.environ.get("LD_PRELOAD", "")  # which makes frames much larger
     size = threading.stack_size(2**28 if sanitized else 2**23)
-    thread = threading.Thread(target=run)
-    thread.start()
-    thread.join()
+    with futures.ThreadPoolExecutor(1) as pool:
+        done = pool.submit(action)
     threading.stack_size(size)
-    return outcome[0]
+    return done.exception() or done.result()
 
 
 @pytest.mark.parametrize("name", calls.FUNCTIONS)
