@@ -120,7 +120,7 @@ def calls_with(make):
 
 
 def manganese():
-    """What is read of it no call of calls.FUNCTIONS reads."""
+    """A request for which COMPLEX_MAGNETIC_SPECIES is read, as for none of calls.FUNCTIONS."""
     return {"step": "", "query_text": "Mn"}
 
 
