@@ -1,8 +1,6 @@
 """Small, known reference tables for every test, and the means to watch what the module calls."""
 
 import contextlib
-import importlib.machinery
-import importlib.util
 import os
 import subprocess
 import sys
@@ -11,6 +9,7 @@ from unittest import mock
 
 import pytest
 from hypothesis import settings
+from reliability import copies
 
 from tavik_agent import material_characterization as mc
 
@@ -77,11 +76,8 @@ def with_tables(request, monkeypatch):
             "tavik_agent.method_acronyms": types.SimpleNamespace(METHOD_ACRONYMS=ACRONYMS),
             "tavik_agent.material_reference_data": types.SimpleNamespace(**(TABLES | tables)),
         }
-        loader = importlib.machinery.ExtensionFileLoader(mc.__name__, mc.__file__)
         with mock.patch.dict(sys.modules, companions):
-            module = importlib.util.module_from_spec(mc.__spec__)
-            loader.exec_module(module)
-        return module
+            return copies.fresh()
 
     return rebind if request.param == "rebound" else load
 

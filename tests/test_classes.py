@@ -1,37 +1,34 @@
-"""The system, electronic and correlation classes and the material family."""
+"""The system, electronic, correlation and magnetic classes and the material family, and how often
+they ask the reference functions."""
 
 import pytest
 
 from tavik_agent import material_characterization as mc
 
-
 # Species as words, formula hint, explicit text, archetype, label.
-@pytest.mark.parametrize(
-    ("species", "formula", "text", "archetype", "label"),
-    [
-        # two-dimensional archetypes decide whatever the rest says
-        ("Cu", "ZnO", "metallic", "graphene_2d", "unknown"),
-        ("Cu", "ZnO", "metallic", "hbn_2d", "insulator"),
-        *(("Cu", "NaCl", "metal", d, "semiconductor") for d in ("tmd_2d", "phosphorene_2d")),
-        ("", "ZnO", "", "mxene_2d", "metal"),
-        # formula tables, in their order and before the text
-        ("Cu", "InAs", "metal", "surface_slab", "semiconductor"),
-        ("Cu", "NaCl", "metal", "", "insulator"),
-        ("Cu", "NiO", "metal", "", "insulator"),
-        # metal and metallic as whole words
-        *(("Se", "", word, "", "metal") for word in ("METALLIC", "half-metal", "\ud800metal\0")),
-        ("", "", "nonmetallic metals metalloid metal_ métal metalé metal² 2metal", "", "unknown"),
-        ("", "", ["metal"], "", "metal"),
-        ("", "", None, "", "unknown"),
-        # one distinct species among the semiconductors, one entry among the metals
-        ("Se Se", "", "", "", "semiconductor"),
-        *((symbol, "GaAs", "", "", "metal") for symbol in ("Cu", "Fe", "Mn", "Cr")),
-        ("Cu Cu", "", "", "", "unknown"),
-        # formulas that no table lists
-        *(("", formula, "", "", "semiconductor") for formula in ("GaAs", "Si", "Ge")),
-        *(("", formula, "", "", "unknown") for formula in ("gaas", "SI", "C", "")),
-    ],
-)
+SYSTEM_CLASSES = [
+    # two-dimensional archetypes decide whatever the rest says
+    ("Cu", "ZnO", "metallic", "graphene_2d", "unknown"),
+    ("Cu", "ZnO", "metallic", "hbn_2d", "insulator"),
+    *(("Cu", "NaCl", "metal", d, "semiconductor") for d in ("tmd_2d", "phosphorene_2d")),
+    ("", "ZnO", "", "mxene_2d", "metal"),
+    # formula tables, in their order and before the text
+    ("Cu", "InAs", "metal", "surface_slab", "semiconductor"),
+    ("Cu", "NaCl", "metal", "", "insulator"),
+    ("Cu", "NiO", "metal", "", "insulator"),
+    *(("Se", "", text, "", "metal") for text in ("half-METALLIC", ["metal"])),
+    ("", "", None, "", "unknown"),
+    # one distinct species among the semiconductors, one entry among the metals
+    ("Se Se", "", "", "", "semiconductor"),
+    *((symbol, "GaAs", "", "", "metal") for symbol in ("Cu", "Fe", "Mn", "Cr")),
+    ("Cu Cu", "", "", "", "unknown"),
+    # formulas that no table lists
+    *(("", formula, "", "", "semiconductor") for formula in ("GaAs", "Si", "Ge")),
+    *(("", formula, "", "", "unknown") for formula in ("gaas", "SI", "C", "")),
+]
+
+
+@pytest.mark.parametrize(("species", "formula", "text", "archetype", "label"), SYSTEM_CLASSES)
 def test_system_and_electronic_class(species, formula, text, archetype, label):
     inputs = {"formula_hint": formula, "explicit_text": text, "structure_archetype": archetype}
     assert mc.classify_system_class(species.split(), **inputs) == label
@@ -60,26 +57,27 @@ def test_electronic_class_hands_over_what_it_was_given(record):
 SIMPLE = ("simple", "tutorial", "minimal", "basic")
 
 
+# None as a text shows that it is not read.
+CORRELATION_CLASSES = [
+    ("Cu", "NaCl", None, "dft+u", "", "dftu_sensitive"),
+    ("Cu", "NaCl", None, "hybrid", "simple", "dftu_sensitive"),
+    ("Fe O", "NiO", None, "plain_dft", "", "plain_dft"),
+    *(("Fe O", "NiO", None, "", complexity, "plain_dft") for complexity in SIMPLE),
+    ("Fe O", "", "", "", "simplest", "dftu_sensitive"),
+    ("", "", "correlation", "DFT+U", "Basic", "unknown"),
+    ("Cu", "NaCl", "Hubbard", "", "", "dftu_sensitive"),
+    ("Cu", "CoO", "", "", "", "dftu_sensitive"),
+    ("Ni O", "NaCl", "", "", "", "dftu_sensitive"),
+    *((symbols, "", "", "", "", "unknown") for symbols in ("Cr", "Cu Cu", "")),
+    ("Cu", "", "", "", "", "plain_dft"),
+    ("Fe", "", "", "", "", "plain_dft"),
+    ("", "ZnO", "", "", "", "plain_dft"),
+    ("", "NaCl", "", "", "", "plain_dft"),
+]
+
+
 @pytest.mark.parametrize(
-    ("species", "formula", "text", "correlation", "complexity", "label"),
-    [
-        # None is not lowered when the intent decides
-        ("Cu", "NaCl", None, "dft+u", "", "dftu_sensitive"),
-        ("Cu", "NaCl", None, "hybrid", "simple", "dftu_sensitive"),
-        ("Fe O", "NiO", None, "plain_dft", "", "plain_dft"),
-        *(("Fe O", "NiO", None, "", complexity, "plain_dft") for complexity in SIMPLE),
-        ("Fe O", "", "", "", "simplest", "dftu_sensitive"),
-        ("", "", "dft +u, lda, correlation", "DFT+U", "Basic", "unknown"),
-        *(("Cu", "NaCl", text, "", "", "dftu_sensitive") for text in ("DFT+U", "LDA+U", "Hubbard")),
-        ("", "", "uncorrelatedness", "", "", "dftu_sensitive"),
-        ("Cu", "CoO", "", "", "", "dftu_sensitive"),
-        ("Ni O", "NaCl", "", "", "", "dftu_sensitive"),
-        *((symbols, "", "", "", "", "unknown") for symbols in ("Cr", "Cu Cu", "")),
-        ("Cu", "", "", "", "", "plain_dft"),
-        ("Fe", "", "", "", "", "plain_dft"),
-        ("", "ZnO", "", "", "", "plain_dft"),
-        ("", "NaCl", "", "", "", "plain_dft"),
-    ],
+    ("species", "formula", "text", "correlation", "complexity", "label"), CORRELATION_CLASSES
 )
 def test_correlation_class(species, formula, text, correlation, complexity, label):
     intent = {"intent_correlation": correlation, "intent_complexity": complexity}
@@ -98,60 +96,145 @@ def test_unions_are_made_by_the_tables_themselves(monkeypatch):
     assert mc._magnetic_class([], "BN", "", "") == "nonmagnetic"
 
 
-def test_union_is_asked_once_for_a_formula_of_another_kind():
-    class Formula(str):
-        def __hash__(self):
-            asked.append(self)
-            return super().__hash__()
-
-    asked = []
-    assert mc._correlation_class([], Formula("NaCl"), "") == "plain_dft"
-    assert len(asked) == 2  # the other time by DFTU_SENSITIVE_FORMULAS
-
-
-# Called on every call, before any rule; and only for one species.
-@pytest.mark.parametrize(
-    ("call", "asked"),
-    [
-        (lambda: mc.classify_system_class([]), "ferromagnets seeds"),
-        (lambda: mc.classify_system_class([], structure_archetype="hbn_2d"), "ferromagnets seeds"),
-        (lambda: mc._correlation_class(["Cu", "Fe"], "", ""), "oxide"),
-        (lambda: mc._correlation_class(["Cu"], "", ""), "oxide ferromagnets"),
-    ],
-)
-def test_reference_functions_are_asked(record, call, asked):
-    calls = record(
-        phase1_simple_ferromagnet_species=frozenset({"Fe"}),
-        collinear_magmom_seed_species=frozenset(),
-        is_transition_metal_oxide=0,
-    )
-    call()
-    short = {"phase1": "ferromagnets", "collinear": "seeds", "is": "oxide"}
-    assert [short[name.split("_")[0]] for name, _, _ in calls] == asked.split()
-
-
 FLAT = "graphene_2d hbn_2d tmd_2d phosphorene_2d mxene_2d two_dimensional \
 layered_parent_exfoliation"
 
 
+FAMILIES = [
+    *(("O", "molecule_or_cluster", "", "ZnO", d, "two_dimensional") for d in FLAT.split()),
+    ("C O", "molecule_or_cluster", "semiconductor", "CO", "surface_slab", "molecule"),
+    ("Zn O", "periodic_bulk", "metal", "ZnO", "zincblende", "semiconductor"),
+    ("Ni O", "", "semiconductor", "NiO", "", "semiconductor"),
+    ("Ni", "", "metal", "NiO", "unknown", "oxide"),
+    ("Fe O", "", "metal", "Fe2O3", "stm_sample_tip", "oxide"),
+    ("Co", "", "metal", "Co", "", "elemental_metal"),
+    *((species, "", "metal", "CuZn", "", "alloy") for species in ("Cu Zn", "Cu Zn Sn")),
+    ("", "", "metal", "", "", "other"),
+    ("Cu", "", "insulator", "", "", "other"),
+    ("o", "", "Metal", "zno", "Graphene_2d", "other"),
+]
+
+
 @pytest.mark.parametrize(
-    ("species", "mode", "electronic", "formula", "archetype", "family"),
-    [
-        *(("O", "molecule_or_cluster", "", "ZnO", d, "two_dimensional") for d in FLAT.split()),
-        ("C O", "molecule_or_cluster", "semiconductor", "CO", "surface_slab", "molecule"),
-        ("Zn O", "periodic_bulk", "metal", "ZnO", "zincblende", "semiconductor"),
-        ("Ni O", "", "semiconductor", "NiO", "", "semiconductor"),
-        ("Ni", "", "metal", "NiO", "unknown", "oxide"),
-        ("Fe O", "", "metal", "Fe2O3", "stm_sample_tip", "oxide"),
-        ("Co", "", "metal", "Co", "", "elemental_metal"),
-        ("Cu Zn Sn", "", "metal", "CuZn", "", "alloy"),
-        ("", "", "metal", "", "", "other"),
-        ("Cu", "", "insulator", "", "", "other"),
-        ("o", "", "Metal", "zno", "Graphene_2d", "other"),
-    ],
+    ("species", "mode", "electronic", "formula", "archetype", "family"), FAMILIES
 )
 def test_material_family(species, mode, electronic, formula, archetype, family):
     found = mc._material_family(species.split(), mode, electronic, formula, archetype)
     assert found == family
     if not archetype:
         assert mc._material_family(species.split(), mode, electronic, formula) == family
+
+
+U = "dftu_sensitive"
+CELL = "collinear primitive cell"
+
+
+MAGNETISM_OF_INTENT = [
+    ("Fe", "non-collinear", "noncollinear_template"),
+    *(("Fe", f"{kind}magnetic", "template_antiferromagnet") for kind in ("antiferro", "ferri")),
+    ("Cu Fe", "ferromagnetic", "simple_ferromagnet"),
+    *((species, "ferromagnetic", "collinear_magnetic") for species in ("Cu Ni", "")),
+    ("Fe", "nonmagnetic", "nonmagnetic"),
+]
+
+
+@pytest.mark.parametrize(("species", "magnetism", "label"), MAGNETISM_OF_INTENT)
+def test_magnetic_class_by_intent(species, magnetism, label):
+    found = mc._magnetic_class(species.split(), "NiO", None, U, intent_magnetism=magnetism)
+    assert found == label
+
+
+# Texts of which each gives the label.
+MAGNETIC_CLASSES = [
+    # a collinear small cell outranks all other wording
+    ("", "NiO", CELL + ", AFM, spin-orbit, alpha-Mn", U, "collinear_magnetic"),
+    ("Fe O", "", CELL, U, "collinear_magnetic"),
+    ("", "NiO", "Collinear PRIMITIVE|2-atom collinear", U, "collinear_magnetic"),
+    ("", "NiO", "two atom collinear|non-collinear two-atom", U, "collinear_magnetic"),
+    ("", "NiO", "collinear two\u00a0atoms|primitive two-atom", U, "template_antiferromagnet"),
+    ("Cu", "nio", CELL, U, "nonmagnetic"),
+    ("Cu", "NiO", CELL, "plain_dft", "nonmagnetic"),
+    # wording, in order
+    ("Mn", "NiO", "alpha-mn afm Non-Collinear|afm noncollinear", U, "noncollinear_template"),
+    ("Mn", "NiO", "xspin-orbit|SPIN ORBITx|associated", U, "noncollinear_template"),
+    ("Mn", "NiO", "alpha-mn antiferroM|ferrimag|AFM|ferrite", U, "template_antiferromagnet"),
+    ("Cu", "NiO", "Alpha-Mn|alpha mn|alpha manganese", U, "complex_magnetic"),
+    ("", "", "antiferro|spin  orbit|alpha  mn|collinear", "", "unknown"),
+    # one complex species
+    ("Mn", "NiO", "", U, "complex_magnetic"),
+    ("Mn Mn", "NaCl", "", "", "nonmagnetic"),
+    # correlated oxides
+    ("", "NiO", "", U, "template_antiferromagnet"),
+    ("Fe O Cu", "NaCl", "", U, "unknown"),
+    ("Fe O Cu", "NaCl", "", "plain_dft", "nonmagnetic"),
+    # ferromagnets, all or some, moment seeds, nonmagnetic metals, known formulas
+    ("Fe Co Fe", "", "", "plain_dft", "simple_ferromagnet"),
+    ("Cu Ni Co", "", "", U, "simple_ferromagnet"),
+    ("Cu Ni", "", "", U, "collinear_magnetic"),
+    ("Ni O", "NaCl", "", "", "nonmagnetic"),
+    ("S Zn", "", "", "", "nonmagnetic"),
+    *(("", formula, "", "", "nonmagnetic") for formula in ("ZnO", "CoO")),
+    *((species, "NiO", "", "", "unknown") for species in ("Fe O", "S", "")),
+]
+
+
+@pytest.mark.parametrize(("species", "formula", "texts", "correlation", "label"), MAGNETIC_CLASSES)
+def test_magnetic_class(species, formula, texts, correlation, label):
+    # Values that are no intent of this classifier change nothing.
+    unheard = {"intent_magnetism": "noncollinear", "intent_complexity": "Basic"}
+    for text in texts.split("|"):
+        inputs = (species.split(), formula, text, correlation)
+        assert mc._magnetic_class(*inputs) == label, text
+        assert mc._magnetic_class(*inputs, **unheard) == label, text
+
+
+@pytest.mark.parametrize("complexity", SIMPLE)
+def test_simple_request_passes_over_the_correlated_oxides(complexity):
+    for species, text, label in [
+        ("Ni", "", "collinear_magnetic"),
+        ("Ni O", "", "unknown"),
+        ("Fe", "", "simple_ferromagnet"),
+        ("Cu", CELL, "collinear_magnetic"),
+        ("Cu", "afm", "template_antiferromagnet"),
+    ]:
+        given = (species.split(), "NiO", text, U)
+        assert mc._magnetic_class(*given, intent_complexity=complexity) == label
+
+
+def magnetic(formula="", text="", correlation="", **intent):
+    return lambda species: mc._magnetic_class(species, formula, text, correlation, **intent)
+
+
+# Which function is asked, in order: F for ferromagnets, S for moment seeds, O for oxide.
+QUESTIONS = [
+    ("", mc.classify_system_class, "FS"),
+    ("", lambda none: mc.classify_system_class(none, structure_archetype="hbn_2d"), "FS"),
+    ("Cu Fe", lambda two: mc._correlation_class(two, "", ""), "O"),
+    ("Cu", lambda one: mc._correlation_class(one, "", ""), "OF"),
+    ("Cu Co Fe", magnetic(intent_magnetism="ferromagnetic"), "FF"),
+    ("", magnetic(intent_magnetism="ferromagnetic"), ""),
+    ("", magnetic("", CELL), ""),
+    ("", magnetic("NiO", CELL, U), ""),
+    ("Fe O", magnetic("", CELL, U), "O"),
+    ("Fe O", magnetic("", "", U), "O"),
+    ("Fe", magnetic("", CELL, U), "OOF"),
+    ("Fe O", magnetic("", "", U, intent_complexity="basic"), "FFOSO"),
+    ("Cu Co Fe", magnetic(), "FFFO"),
+    ("Cu Cr Ni", magnetic(), "FFFFSSO"),
+    ("S Cu", magnetic(), "FFFSS"),
+]
+
+
+@pytest.mark.parametrize(("species", "call", "asked"), QUESTIONS)
+def test_reference_functions_are_asked_anew_each_time(record, species, call, asked):
+    symbols = species.split()
+    calls = record(
+        phase1_simple_ferromagnet_species=frozenset({"Fe", "Co"}),
+        collinear_magmom_seed_species=frozenset({"Fe", "Ni", "Cr"}),
+        is_transition_metal_oxide=["true"] if "O" in symbols else [],
+    )
+    call(symbols)
+    names = {"F": "phase1_simple_ferromagnet_species", "S": "collinear_magmom_seed_species"}
+    expected = {letter: (name, (), {}) for letter, name in names.items()}
+    expected["O"] = ("is_transition_metal_oxide", (symbols,), {})
+    assert calls == [expected[letter] for letter in asked]

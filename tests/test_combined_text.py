@@ -23,26 +23,26 @@ class Backwards(list):
         return reversed(list(super().__iter__()))
 
 
-@pytest.mark.parametrize(
-    ("parts", "text"),
-    [
-        ((), ""),
-        ((" Fe cell ", None, ["", " bcc ", 3, None], {"a": "b"}), "Fe cell bcc 3 None {'a': 'b'}"),
-        (("a", " \t\n\x0b\x0c\x1c\x85\xa0\u2003\u3000", "b"), "a b"),
-        (("\u2003 Fe\n  O\u3000", "\u200bNiO\x1f"), "Fe\n  O \u200bNiO"),
-        (("\ud800", ["\0 \udfff"]), "\ud800 \0 \udfff"),
-        # kinds that are not read
-        ((("Fe", "O"), {"Fe"}, 3, 2.5, True, b"Fe", iter(["Fe"]), []), ""),
-        # items of a list, by their text form
-        (([["x", "y"], True, 1.0, ("z",), " \n"],), "['x', 'y'] True 1.0 ('z',)"),
-        ((Backwards(["a", "b"]),), "b a"),
-        ((Spelled(" itself "), [Spelled("itself")]), "itself spelled out"),
-        # mappings, whole and not stripped
-        (({}, types.MappingProxyType({"a": 1})), "{} {'a': 1}"),
-        ((collections.ChainMap({"a": 1}),), "ChainMap({'a': 1})"),
-        (("a", Written({"as": " x "}), Written({"as": ""}), "b"), "a  x   b"),
-    ],
-)
+JOINED = [
+    ((), ""),
+    ((" Fe cell ", None, ["", " bcc ", 3, None], {"a": "b"}), "Fe cell bcc 3 None {'a': 'b'}"),
+    (("a", " \t\n\x0b\x0c\x1c\x85\xa0\u2003\u3000", "b"), "a b"),
+    (("\u2003 Fe\n  O\u3000", "\u200bNiO\x1f"), "Fe\n  O \u200bNiO"),
+    (("\ud800", ["\0 \udfff"]), "\ud800 \0 \udfff"),
+    # kinds that are not read
+    ((("Fe", "O"), {"Fe"}, 3, 2.5, True, b"Fe", iter(["Fe"]), []), ""),
+    # items of a list, by their text form
+    (([["x", "y"], True, 1.0, ("z",), " \n"],), "['x', 'y'] True 1.0 ('z',)"),
+    ((Backwards(["a", "b"]),), "b a"),
+    ((Spelled(" itself "), [Spelled("itself")]), "itself spelled out"),
+    # mappings, whole and not stripped
+    (({}, types.MappingProxyType({"a": 1})), "{} {'a': 1}"),
+    ((collections.ChainMap({"a": 1}),), "ChainMap({'a': 1})"),
+    (("a", Written({"as": " x "}), Written({"as": ""}), "b"), "a  x   b"),
+]
+
+
+@pytest.mark.parametrize(("parts", "text"), JOINED)
 def test_joins_what_can_be_read_as_text(parts, text):
     assert mc._combined_text(*parts) == text
 

@@ -6,10 +6,10 @@ import re
 import shlex
 import subprocess
 import sys
-import tomllib
 from pathlib import Path
 
 import pytest
+from reliability.generate import REQUESTS
 
 from tavik_agent import material_characterization as mc
 from tavik_agent.characterize import request as requests
@@ -18,7 +18,6 @@ from tavik_agent.characterize.evidence import FIELDS, field_of
 
 COMMAND = [sys.executable, "-m", "tavik_agent.characterize"]
 README = (Path(__file__).parents[1] / "README.md").read_text(encoding="utf-8")
-COLLECTION = sorted((Path(__file__).parent / "requests").glob("*.toml"))
 
 SCREEN = """\
 Relax\\x1b NiO in eV
@@ -103,16 +102,9 @@ def test_json_is_the_record(capfdbinary, monkeypatch):
     assert "—".encode() in out
 
 
-def collected_requests():
-    for path in COLLECTION:
-        for rows in tomllib.loads(path.read_text(encoding="utf-8")).values():
-            yield from rows
-    yield {"query_intent": {"units": {"energy": "eV"}}}
-
-
 def test_every_message_speaks_of_a_field():
     heard = set()
-    for row in collected_requests():
+    for row in [*REQUESTS, {"query_intent": {"units": {"energy": "eV"}}}]:
         inputs = {key: value for key, value in row.items() if key not in ("expect", "query")}
         record = mc.characterize_material(step="", query_text=row.get("query", ""), **inputs)
         heard.update(record["evidence"])

@@ -1,6 +1,7 @@
 """The stages of one characterization: what each receives, what it leaves, and the record."""
 
 import collections
+import types
 
 import pytest
 
@@ -9,31 +10,6 @@ from tavik_agent import material_characterization as mc
 
 def characterize(step="", **inputs):
     return mc.characterize_material(step=step, **inputs)
-
-
-def test_whole_record():
-    found = characterize(
-        "relax",
-        step_params={"element": [{"species": "Fe"}, {"species": "O"}]},
-        query_text="Relax antiferromagnetic Fe2O3 with DFT+U",
-        query_intent={"correlation": "dft+u", "magnetism": "antiferromagnetic"},
-    )
-    evidence = [
-        "element definitions declare species ['Fe', 'O']",
-        "formula hint Fe2O3",
-        "correlation class=dftu_sensitive",
-        "magnetic class=template_antiferromagnet",
-        "material family=oxide",
-    ]
-    assert list(found.items()) == [
-        *(("step", "RELAX"), ("structure_mode", "unknown"), ("structure_archetype", "unknown")),
-        *(("electronic_class", "unknown"), ("magnetic_class", "template_antiferromagnet")),
-        *(("correlation_class", "dftu_sensitive"), ("material_family", "oxide")),
-        *(("species", ["Fe", "O"]), ("formula_hint", "Fe2O3"), ("requested_energy_unit", "")),
-        *(("explicit_spin_mode", "collinear"), ("intent_complexity", "")),
-        *(("intent_correlation", "dft+u"), ("intent_magnetism", "antiferromagnetic")),
-        *(("intent_driven", True), ("evidence", evidence), ("confidence", 0.8)),
-    ]
 
 
 def test_step():
@@ -50,21 +26,21 @@ def named(*species):
     return {"query_intent": {"species": species}}
 
 
-@pytest.mark.parametrize(
-    ("inputs", "species", "message"),
-    [
-        ({"step_params": BLOCK} | named("Fe"), ["Ni"], "element definitions declare species {}"),
-        (
-            named(" fe ", "FE", "", None) | EARLIER | PROSE,
-            ["Fe", "None"],
-            "user query explicitly named species {} (LLM intent)",
-        ),
-        (named(*"o'ß"), ["O", "'", "SS"], "user query explicitly named species {} (LLM intent)"),
-        (EARLIER | PROSE, ["Ni"], "reused prior-step species {}"),
-        (PROSE, ["C", "O"], "prose-scanned fallback species {} (low confidence)"),
-        ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], ""),
-    ],
-)
+SOURCES_OF_SPECIES = [
+    ({"step_params": BLOCK} | named("Fe"), ["Ni"], "element definitions declare species {}"),
+    (
+        named(" fe ", "FE", "", None) | EARLIER | PROSE,
+        ["Fe", "None"],
+        "user query explicitly named species {} (LLM intent)",
+    ),
+    (named(*"o'ß"), ["O", "'", "SS"], "user query explicitly named species {} (LLM intent)"),
+    (EARLIER | PROSE, ["Ni"], "reused prior-step species {}"),
+    (PROSE, ["C", "O"], "prose-scanned fallback species {} (low confidence)"),
+    ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], ""),
+]
+
+
+@pytest.mark.parametrize(("inputs", "species", "message"), SOURCES_OF_SPECIES)
 def test_first_source_of_species_wins(inputs, species, message):
     found = characterize(**inputs)
     lines = [line for line in found["evidence"] if "species" in line]
@@ -72,34 +48,32 @@ def test_first_source_of_species_wins(inputs, species, message):
     assert lines == ([message.format(species)] if message else [])
 
 
-def test_earlier_steps_are_read_up_to_the_first_that_declares():
-    class Untouchable(collections.UserDict):
-        def get(self, key, default=None):
-            raise AssertionError("read too far")
-
-    steps = collections.OrderedDict(later=Untouchable(), first={}, second=BLOCK)
-    steps.move_to_end("later")
+def test_earlier_steps_are_read_in_order_up_to_the_first_that_declares(record):
+    calls = record(_species_from_element_block=lambda block: ["Ni"] if block == 2 else [])
+    steps = collections.OrderedDict(c={"element": 3}, a={"element": 1}, b={"element": 2})
+    steps.move_to_end("c")
     assert characterize(previous_steps_params=steps)["species"] == ["Ni"]
+    assert [args for _, args, _ in calls] == [(None,), (1,), (2,)]
 
 
 WROTE = "user query explicitly wrote formula {} (LLM intent)"
 
 
-@pytest.mark.parametrize(
-    ("intent", "query", "hint", "message"),
-    [
-        ({"formula": " fE2o3\n", "species": "x"}, "NiO", "fE2o3", WROTE),
-        ({"formula": "\ud800\0"}, "", "\ud800\0", WROTE),
-        ({"formula": ["NiO"]}, "", "['NiO']", WROTE),
-        ({"formula": None}, "NiO", "", None),
-        ({"formula": " "}, "NiO", "", None),
-        ({}, "NiO", "NiO", "formula hint {}"),
-        ({}, "nothing", "FeO", "formula hint {}"),  # from the findings
-        ({"species": ["Fe"]}, "Fe2O3", "", None),  # names what the intent does not
-        ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", "formula hint {}"),
-        ({"species": ["Cu"]}, "green salt", "FeXy", "formula hint {}"),  # has no parts
-    ],
-)
+HINTS = [
+    ({"formula": " fE2o3\n", "species": "x"}, "NiO", "fE2o3", WROTE),
+    ({"formula": "\ud800\0"}, "", "\ud800\0", WROTE),
+    ({"formula": ["NiO"]}, "", "['NiO']", WROTE),
+    ({"formula": None}, "NiO", "", None),
+    ({"formula": " "}, "NiO", "", None),
+    ({}, "NiO", "NiO", "formula hint {}"),
+    ({}, "nothing", "FeO", "formula hint {}"),  # from the findings
+    ({"species": ["Fe"]}, "Fe2O3", "", None),  # names what the intent does not
+    ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", "formula hint {}"),
+    ({"species": ["Cu"]}, "green salt", "FeXy", "formula hint {}"),  # has no parts
+]
+
+
+@pytest.mark.parametrize(("intent", "query", "hint", "message"), HINTS)
 def test_formula_hint(intent, query, hint, message):
     # The element block declares more than the intent; the cross-check is with the intent.
     block = {"element": {"Fe": 1, "O": 1}}
@@ -125,47 +99,27 @@ def test_intent_is_read_by_its_own_get_in_order():
 
 
 def test_inputs_are_read_as_they_are_by_then():
-    class Symbol(str):
-        def strip(self):
-            params["atom"] = {"xyz": [1]}
-            return "Fe"
-
-    params = {"element": [{"species": Symbol()}]}
-    assert characterize(step_params=params)["structure_mode"] == "molecule_or_cluster"
-
-
-def test_attributes_as_inputs_are_read_as_they_are_by_then():
     class Symbol:
         def __str__(self):
-            intent.magnetism = "nonmagnetic"
+            intent.magnetism, params["atom"] = "nonmagnetic", {"xyz": [1]}
             return "Fe"
 
-    intent = type("Intent", (), {})()
-    intent.species, intent.magnetism = [Symbol()], "ferromagnetic"
-    assert characterize(query_intent=vars(intent))["intent_magnetism"] == "nonmagnetic"
+    # Attributes are entries of a dict that lie in an object.
+    intent = types.SimpleNamespace(species=[Symbol()], magnetism="ferromagnetic")
+    params = {"domain": None}
+    found = characterize(step_params=params, query_intent=vars(intent))
+    assert found["intent_magnetism"] == "nonmagnetic"
+    assert found["structure_mode"] == "molecule_or_cluster"
 
 
 def test_findings_are_taken_as_they_are_at_first():
-    class Adding(dict):
-        def get(self, key, default=None):
-            findings.append("NiO")
-
-    class Query(str):
-        def strip(self):
-            findings.append("NiO")
-            return "a"
-
-    class Key(str):
-        def __eq__(self, other):
-            findings.append("NiO")
-            return False
-
-        __hash__ = str.__hash__
+    def add(self, *_):
+        findings.append("NiO")
+        return "a"
 
     for inputs in (
-        {"planner_manifest": Adding(x=1)},
-        {"planner_manifest": {Key("notes"): "a"}},
-        {"query_text": Query("a")},
+        {"planner_manifest": type("Manifest", (dict,), {"get": add})(x=1)},
+        {"query_text": type("Query", (str,), {"strip": add})("a")},
     ):
         findings = ["nothing"]
         assert characterize(findings=findings, **inputs)["species"] == [], inputs
@@ -244,14 +198,6 @@ def test_cross_check_asks_for_the_parts_by_name(record):
     assert characterize(query_intent={"species": ["fe"]})["formula_hint"] == "H"
     assert characterize(query_intent={"species": ["O"]})["formula_hint"] == ""
     assert calls[1::2] == [("_formula_parts", ("H",), {})] * 2
-
-
-def test_complexity_flag():
-    for hint in (" Simple ", "TUTORIAL", "minimal", "basic", "simplest", "beginner", 0):
-        found = characterize(query_intent={"complexity_hint": hint})
-        flagged = any("flagged as" in line for line in found["evidence"])
-        assert flagged == (str(hint).strip().lower() in ("simple", "tutorial", "minimal", "basic"))
-        assert found["intent_complexity"] == (hint.strip().lower() if hint else "")
 
 
 def test_intent_driven():

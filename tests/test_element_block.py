@@ -22,34 +22,34 @@ REORDERED = collections.OrderedDict(Fe=1, O=2)
 REORDERED.move_to_end("Fe")
 
 
-@pytest.mark.parametrize(
-    ("block", "species"),
-    [
-        # a list of mappings
-        ([{"species": " fe "}, {"species": "O"}, {"species": "FE"}], ["Fe", "O"]),
-        (["Fe", {"species": "Si"}, None, [{"species": "O"}]], ["Si"]),
-        ([{"Fe": 1}, {"species": ["O"]}, {"species": 8}, {"species": " \u2003"}, {}], []),
-        ([{"species": "Fe O"}, {"species": "Xx"}], ["Fe o", "Xx"]),
-        ([types.MappingProxyType({"species": "Fe"}), Getter()], ["Fe", "Ni"]),
-        (Iterating(), ["Cu"]),
-        # a mapping: its own species first, then its entries in order
-        ({"Fe": {"species": "Fe"}, "O": {}}, ["Fe"]),
-        ({"Fe": "Fe.upf", "O": 2, "Si": None, "FE": []}, ["Fe", "O", "Si"]),
-        ({"O": 1, "Fe": 1, "species": "Fe", "basis": "dzp"}, ["Fe", "O"]),
-        ({"O": 1, "species": {"species": "Ni"}}, ["O", "Ni"]),  # an entry like any other
-        ({"Iron": 1, "Fex": 1, "Fe1": 1, "F1": 1, "F ": 1, "": 1, 26: 1, None: 1, b"Fe": 1}, []),
-        (Getter(O=1), ["Ni", "O"]),
-        (REORDERED, ["O", "Fe"]),
-        (collections.ChainMap({"O": 1}, {"species": "Fe"}), ["Fe", "O"]),
-        # letters of any script, counted in characters; a combining mark is none
-        ({"é": 1, "\U0001d400\U0001d401": 1, "é2": 1, "e\u0301": 1}, ["É", "\U0001d400\U0001d401"]),
-        # first character to upper case (not title case), the rest to lower case by itself
-        ([{"species": "ßX"}, {"species": "\u01c6"}], ["SSx", "\u01c4"]),
-        ([{"species": "A\u03a3"}, {"species": "xİ"}], ["A\u03c3", "Xi\u0307"]),  # no final sigma
-        ([{"species": "f\ud800\0E"}], ["F\ud800\0e"]),
-        *((block, []) for block in (None, "Fe", 26, ({"species": "Fe"},), [], {})),
-    ],
-)
+BLOCKS = [
+    # a list of mappings
+    ([{"species": " fe "}, {"species": "O"}, {"species": "FE"}], ["Fe", "O"]),
+    (["Fe", {"species": "Si"}, None, [{"species": "O"}]], ["Si"]),
+    ([{"Fe": 1}, {"species": ["O"]}, {"species": 8}, {"species": " \u2003"}, {}], []),
+    ([{"species": "Fe O"}, {"species": "Xx"}], ["Fe o", "Xx"]),
+    ([types.MappingProxyType({"species": "Fe"}), Getter()], ["Fe", "Ni"]),
+    (Iterating(), ["Cu"]),
+    # a mapping: its own species first, then its entries in order
+    ({"Fe": {"species": "Fe"}, "O": {}}, ["Fe"]),
+    ({"Fe": "Fe.upf", "O": 2, "Si": None, "FE": []}, ["Fe", "O", "Si"]),
+    ({"O": 1, "Fe": 1, "species": "Fe", "basis": "dzp"}, ["Fe", "O"]),
+    ({"O": 1, "species": {"species": "Ni"}}, ["O", "Ni"]),  # an entry like any other
+    ({"Iron": 1, "Fex": 1, "Fe1": 1, "F1": 1, "F ": 1, "": 1, 26: 1, None: 1, b"Fe": 1}, []),
+    (Getter(O=1), ["Ni", "O"]),
+    (REORDERED, ["O", "Fe"]),
+    (collections.ChainMap({"O": 1}, {"species": "Fe"}), ["Fe", "O"]),
+    # letters of any script, counted in characters; a combining mark is none
+    ({"é": 1, "\U0001d400\U0001d401": 1, "é2": 1, "e\u0301": 1}, ["É", "\U0001d400\U0001d401"]),
+    # first character to upper case (not title case), the rest to lower case by itself
+    ([{"species": "ßX"}, {"species": "\u01c6"}], ["SSx", "\u01c4"]),
+    ([{"species": "A\u03a3"}, {"species": "xİ"}], ["A\u03c3", "Xi\u0307"]),  # no final sigma
+    ([{"species": "f\ud800\0E"}], ["F\ud800\0e"]),
+    *((block, []) for block in (None, "Fe", 26, ({"species": "Fe"},), [], {})),
+]
+
+
+@pytest.mark.parametrize(("block", "species"), BLOCKS)
 def test_declared_species(block, species):
     assert mc._species_from_element_block(block) == species
 

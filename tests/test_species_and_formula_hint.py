@@ -10,50 +10,49 @@ import pytest
 
 from tavik_agent import material_characterization as mc
 
+PROSE = [
+    ("NiO and Fe2O3", "Ni O Fe"),
+    # compound names, then element names, then formulas; the tables' order within each
+    ("NiO on oxygen iron", "Fe O Ni"),
+    ("Cu NiO iron gallium arsenide rutile", "Ti O Ga As Fe Cu Ni"),
+    ("green salt", "Na Cl"),  # the formula of the longer phrase is none
+    ("IRON nic\u212ael \u0130RON fe2o3", "Fe Ni"),  # a Kelvin sign lowers to k
+    ("tin Sn", "sn Sn"),  # a symbol is taken as the table has it
+    # only blanks and the ends of the stripped text delimit a phrase
+    ("iron, (iron) iron. irons environ\niron\n x\tiron x\u00a0iron gallium  arsenide", ""),
+    ("\u3000iron\n", "Fe"),
+    ("\0 iron \ud800", "Fe"),
+    ("oxygen tin", "O sn"),  # neighbours share a blank
+    ("In this run, HSe GaAs", "In Ga As"),
+    (["iron", "NiO"], "Ni O"),
+    (" ", ""),
+    (None, ""),
+]
 
-@pytest.mark.parametrize(
-    ("text", "species"),
-    [
-        ("NiO and Fe2O3", "Ni O Fe"),
-        # compound names, then element names, then formulas; the tables' order within each
-        ("NiO on oxygen iron", "Fe O Ni"),
-        ("Cu NiO iron gallium arsenide rutile", "Ti O Ga As Fe Cu Ni"),
-        ("green salt", "Na Cl"),  # the formula of the longer phrase is none
-        ("IRON nic\u212ael \u0130RON fe2o3", "Fe Ni"),  # a Kelvin sign lowers to k
-        ("tin Sn", "sn Sn"),  # a symbol is taken as the table has it
-        # only blanks and the ends of the stripped text delimit a phrase
-        ("iron, (iron) iron. irons environ\niron\n x\tiron x\u00a0iron gallium  arsenide", ""),
-        ("\u3000iron\n", "Fe"),
-        ("\0 iron \ud800", "Fe"),
-        ("oxygen tin", "O sn"),  # neighbours share a blank
-        ("In this run, HSe GaAs", "In Ga As"),
-        (["iron", "NiO"], "Ni O"),
-        (" ", ""),
-        (None, ""),
-    ],
-)
+
+@pytest.mark.parametrize(("text", "species"), PROSE)
 def test_species_from_text(with_tables, text, species):
     assert with_tables()._species_from_text(text) == species.split()
 
 
-@pytest.mark.parametrize(
-    ("text", "species", "hint"),
-    [
-        ("Xy2 HSe Fe02 and NiO", ["Cu"], "Fe02"),
-        ("In GaAs, compute the gap", [], "In"),
-        ("CO, gallium arsenide on rutile", [], "TiO2"),  # the table's order decides
-        ("some green salt", [], "FeXy"),  # as stored, although no formula
-        ("xyz", [" Si ", "Si", "", " \n"], "Si"),
-        ("", ["O", "Zn"], "ZnO"),
-        ("", ["Ni", "O", "Ni"], "NiO"),
-        ("", "O", "O"),
-        *(("", species, "") for species in (["Fe", "O", "Ni"], ["Ga", "As"], ["o", "Zn"], [])),
-        ("", [None], "None"),
-        (None, {"O": 1, 8: 2}.keys(), "8O"),
-        (["NiO"], [], "NiO"),
-        ("NiO", 5, "NiO"),  # species are read only when the text decides nothing
-    ],
-)
+HINTS = [
+    ("Xy2 HSe Fe02 and NiO", ["Cu"], "Fe02"),
+    ("In GaAs, compute the gap", [], "In"),
+    ("CO, gallium arsenide on rutile", [], "TiO2"),  # the table's order decides
+    ("some green salt", [], "FeXy"),  # as stored, although no formula
+    ("xyz", [" Si ", "Si", "", " \n"], "Si"),
+    ("", ["O", "Zn"], "ZnO"),
+    ("", ["Ni", "O", "Ni"], "NiO"),
+    ("", "O", "O"),
+    *(("", species, "") for species in (["Fe", "O", "Ni"], ["Ga", "As"], ["o", "Zn"], [])),
+    ("", [None], "None"),
+    (None, {"O": 1, 8: 2}.keys(), "8O"),
+    (["NiO"], [], "NiO"),
+    ("NiO", 5, "NiO"),  # species are read only when the text decides nothing
+]
+
+
+@pytest.mark.parametrize(("text", "species", "hint"), HINTS)
 def test_formula_hint(with_tables, text, species, hint):
     assert with_tables()._formula_hint(text, species) == hint
 
@@ -63,21 +62,21 @@ def test_species_must_be_iterable():
         mc._formula_hint("", 5)
 
 
-@pytest.mark.parametrize(
-    ("phrases", "text", "hint"),
-    [
-        ({"Rutile": "TiO2"}, "Rutile", ""),  # phrases are not lowered
-        ({3: "AlN"}, "phase 3 of", "AlN"),
-        *(({"": "AlN"}, text, hint) for text, hint in (("", "AlN"), ("a b", ""), ("a  b", "AlN"))),
-        ({" iron": "AlN"}, "x iron", ""),
-        ({" iron": "AlN"}, "x  iron", "AlN"),
-        ({"a\ud800\0é": "AlN"}, "x A\ud800\0É y", "AlN"),
-        ({"red lead oxide": "PbO", "lead": "Pb"}, "red lead", "Pb"),  # one begins within another
-        (collections.OrderedDict(b="BN", a="AlN"), "a b", "BN"),
-        (collections.ChainMap({"b": "BN"}, {"a": "AlN"}), "a b", "AlN"),
-        (collections.UserDict(b="BN", a="AlN"), "a b", "BN"),
-    ],
-)
+PHRASES = [
+    ({"Rutile": "TiO2"}, "Rutile", ""),  # phrases are not lowered
+    ({3: "AlN"}, "phase 3 of", "AlN"),
+    *(({"": "AlN"}, text, hint) for text, hint in (("", "AlN"), ("a b", ""), ("a  b", "AlN"))),
+    ({" iron": "AlN"}, "x iron", ""),
+    ({" iron": "AlN"}, "x  iron", "AlN"),
+    ({"a\ud800\0é": "AlN"}, "x A\ud800\0É y", "AlN"),
+    ({"red lead oxide": "PbO", "lead": "Pb"}, "red lead", "Pb"),  # one begins within another
+    (collections.OrderedDict(b="BN", a="AlN"), "a b", "BN"),
+    (collections.ChainMap({"b": "BN"}, {"a": "AlN"}), "a b", "AlN"),
+    (collections.UserDict(b="BN", a="AlN"), "a b", "BN"),
+]
+
+
+@pytest.mark.parametrize(("phrases", "text", "hint"), PHRASES)
 def test_phrases_as_tables_may_hold_them(with_tables, phrases, text, hint):
     assert with_tables(FORMULA_ALIASES=phrases)._formula_hint(text, []) == hint
 

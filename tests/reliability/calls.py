@@ -18,23 +18,20 @@ FUNCTIONS = {
     "_species_from_text": lambda: {"text": "quartz, graphite and iron, with NiO and Ångström"},
     "_formula_hint": lambda: {"text": "no such thing", "species": ["O", "Ni"]},
     "_structure_mode": lambda: {"step_params": {"domain": {}}, "combined_text": "bulk"},
-    "_structure_archetype": lambda: {
-        **{"structure_mode": "periodic_bulk", "combined_text": "", "query_text": "vacuum  slab "},
-        "query_intent": {"structure_description": "stm"},
-    },
+    "_structure_archetype": lambda: (
+        {"structure_mode": "periodic_bulk", "combined_text": ""}
+        | {"query_text": "vacuum  slab ", "query_intent": {"structure_description": "stm"}}
+    ),
     "_electronic_class": lambda: {"species": ["Si"], "formula_hint": "", "explicit_text": ""},
     "_correlation_class": lambda: {"species": ["Cu"], "formula_hint": "", "combined_text": "x"},
-    "_magnetic_class": lambda: {
-        **{
-            "species": ["Cu", "Zn"],
-            "formula_hint": "",
-            "combined_text": "",
-            "correlation_class": "",
-        }
-    },
-    "_material_family": lambda: {
-        **{"species": ["Cu"], "structure_mode": "", "electronic_class": "metal", "formula_hint": ""}
-    },
+    "_magnetic_class": lambda: (
+        {"species": ["Cu", "Zn"]}
+        | dict.fromkeys(["formula_hint", "combined_text", "correlation_class"], "")
+    ),
+    "_material_family": lambda: (
+        {"species": ["Cu"], "electronic_class": "metal"}
+        | dict.fromkeys(["structure_mode", "formula_hint"], "")
+    ),
 }
 
 

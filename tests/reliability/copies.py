@@ -24,8 +24,17 @@ def fresh():
     return module
 
 
+def unwatched():
+    """A module for which no dict watcher was left; an interpreter has eight, two for itself."""
+    return [fresh() for _ in range(7)][-1]
+
+
 def names(module):
     return {name: value for name, value in vars(module).items() if not name.startswith("__")}
+
+
+UNUSED = {"METHOD_ACRONYMS", "_FORMULA_TOKEN_RE", "_FORMULA_PART_RE", "characterize_material"}
+GLOBALS = sorted({*names(mc)} - UNUSED)  # what functions look up between them
 
 
 def rebind(module, own):

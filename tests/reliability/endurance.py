@@ -13,6 +13,7 @@ import resource
 import sys
 import threading
 import time
+from concurrent import futures
 
 from . import calls, copies, hostile
 
@@ -27,20 +28,23 @@ def refused(module, name):
     raise AssertionError("not refused")
 
 
-def from_the_nth(n):
-    _testcapi.set_nomemory(n, 0)
+# Each lets allocations fail: all from the n-th on, only the n-th, or those of `new` from the n-th
+# on, in a process that preloads failing_new.cpp. It gives what ends that.
+
+
+def from_the_nth(n, end=0):
+    _testcapi.set_nomemory(n, end)
     return _testcapi.remove_mem_hooks
 
 
 def only_the_nth(n):
-    _testcapi.set_nomemory(n, n + 1)
-    return _testcapi.remove_mem_hooks
+    return from_the_nth(n, n + 1)
 
 
 def new_from_the_nth(n):
-    """For a process that preloads failing_new.cpp."""
-    ctypes.CDLL(None).fail_new_from(n)
-    return lambda: ctypes.CDLL(None).fail_new_from(-1)
+    fail_new_from = ctypes.CDLL(None).fail_new_from
+    fail_new_from(n)
+    return lambda: fail_new_from(-1)
 
 
 def fail_each_allocation(start_failing, prepare, call, check):
@@ -53,6 +57,7 @@ def fail_each_allocation(start_failing, prepare, call, check):
         module = prepare()
         gc.disable()  # what a collection does is not the module's
         stop_failing = start_failing(n)
+        n += 1
         try:
             found = call(module)
         except MemoryError:
@@ -61,22 +66,24 @@ def fail_each_allocation(start_failing, prepare, call, check):
         gc.enable()
         check(module, found)
         failed, passed = (failed + 1, 0) if found is MemoryError else (failed, passed + 1)
-        n += 1
     return failed
 
 
 def check_failing_memory(start_failing):
     """Every function's first call after loading, its refusals, and loading. Gives the failures."""
     loaded = copies.fresh()
-    for name, make in itertools.product(calls.FUNCTIONS, (calls.result, refused)):
 
-        def check(module, found, name=name, make=make):
-            assert found in (MemoryError, make(module, name))
-            assert calls.result(module, name) == EXPECTED[name]
+    for name in calls.FUNCTIONS:
+        for prepare, make in ((copies.fresh, calls.result), (lambda: loaded, refused)):
 
-        prepare = (lambda: loaded) if make is refused else copies.fresh
-        call = functools.partial(lambda make, name, module: make(module, name), make, name)
-        yield fail_each_allocation(start_failing, prepare, call, check)
+            def call(module, make=make, name=name):
+                return make(module, name)
+
+            def check(module, found, make=make, name=name):
+                assert found in (MemoryError, make(module, name))
+                assert calls.result(module, name) == EXPECTED[name]
+
+            yield fail_each_allocation(start_failing, prepare, call, check)
 
     def check_loaded(module, found):
         if found is not MemoryError:
@@ -96,7 +103,7 @@ def sizes(watched):
 
 def growth(call, times, most, watched):
     """What these sizes grow by over a batch of calls, of several batches the first that stays in
-    bounds: the host's caches grow in some, what a call loses in all."""
+    bounds: Python's caches grow in some, what a call loses in all."""
     for _ in range(12):
         before = sizes(watched)
         for _ in range(times):
@@ -108,51 +115,37 @@ def growth(call, times, most, watched):
 
 
 def check_growth(good, bad, rounds):
-    """Good and refused calls of every function, rounds of all hostile values as arguments and under
-    the module's names, and new modules up to the first search; returns the worst growth of each."""
+    """Good and refused calls of every function, rounds of all hostile values in all their uses, and
+    new modules up to the first search; returns the worst growth of each size."""
     module, raised = copies.fresh(), collections.deque(maxlen=1)
     makers = [*hostile.failing(raised), *hostile.answering(lambda: None)]
-    names, own, rows = [*calls.FUNCTIONS], copies.names(module), []
+    own = copies.names(module)
 
     def hostile_calls():
-        for name, arguments in itertools.chain.from_iterable(map(hostile.calls_with, makers)):
+        uses = [hostile.uses(module, make) for make in makers[::7]]
+        uses += [hostile.calls_with(make) for make in makers]
+        for name, arguments, *_ in itertools.chain.from_iterable(uses):
             with contextlib.suppress(BaseException):
                 calls.call(module, name, arguments)
-        for name, make, function in itertools.product(own, makers[::7], names):
-            setattr(module, name, make())
-            with contextlib.suppress(BaseException):
-                calls.result(module, function)
-            setattr(module, name, own[name])
         raised.clear()
 
-    for name in names:
+    rows = [(hostile_calls, rounds, 50)]  # where Python's caches never rest
+    rows.append((lambda: calls.result(copies.fresh(), "_formula_hint"), 50, 25))
+    for name in calls.FUNCTIONS:
         rows.append((functools.partial(calls.result, module, name), good, good // 2))
         rows.append((functools.partial(refused, module, name), bad, bad // 2))
-    rows.append((hostile_calls, rounds, 50))  # where the host's caches never rest
-    rows.append((lambda: calls.result(copies.fresh(), "_formula_hint"), 50, 25))
-    watched = [*own.values(), *calls.result(module, names[0]).values()]
-    watched += [calls.result(module, name) for name in names]
+    watched = [*own.values(), *(calls.result(module, name) for name in calls.FUNCTIONS)]
+    watched += calls.result(module, "characterize_material").values()
     return [max(column) for column in zip(*(growth(*row, watched) for row in rows), strict=True)]
 
 
 def all_at_once(count, action, *arguments):
     """Runs the action on several threads, which start together; raises the first error of any."""
-    barrier, errors = threading.Barrier(count), []
-
-    def run():
-        barrier.wait()
-        try:
-            action(*arguments)
-        except BaseException as error:
-            errors.append(error)
-
-    threads = [threading.Thread(target=run) for _ in range(count)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    if errors:
-        raise errors[0]
+    barrier = threading.Barrier(count)
+    with futures.ThreadPoolExecutor(count, initializer=barrier.wait) as pool:
+        running = [pool.submit(action, *arguments) for _ in range(count)]
+    for done in running:
+        done.result()
 
 
 def check_threads(seconds, modules):
@@ -166,9 +159,8 @@ def check_threads(seconds, modules):
         for name, arguments in (order[start:] + order[:start]) * 20:
             assert calls.call(module, name, arguments) == EXPECTED[name]
 
-    interval, end = sys.getswitchinterval(), time.monotonic() + seconds
+    interval, end, used = sys.getswitchinterval(), time.monotonic() + seconds, 0
     sys.setswitchinterval(1e-5)
-    used = 0
     while used < modules or time.monotonic() < end:
         make = (copies.fresh, copies.replaced, copies.indexed_slowly)[used % 3]
         all_at_once(8, work, make())
@@ -190,11 +182,9 @@ def check_interpreters(rounds):
 
     def work():
         interpreter = _interpreters.create()
-        try:
-            failure = _interpreters.run_string(interpreter, code)
-            assert failure is None, failure
-        finally:
-            _interpreters.destroy(interpreter)
+        failure = _interpreters.run_string(interpreter, code)
+        _interpreters.destroy(interpreter)
+        assert failure is None, failure
 
     for _ in range(rounds):
         all_at_once(4, work)
@@ -204,11 +194,8 @@ def check_interpreters(rounds):
 def main():
     failed = [sum(check_failing_memory(start)) for start in (only_the_nth, from_the_nth)]
     print("calls ended by one failing allocation, by all from the n-th on:", *failed, flush=True)
-    print(
-        "most references, blocks, bytes that a row grew by:",
-        *check_growth(100_000, 10_000, 10),
-        flush=True,
-    )
+    grown = check_growth(100_000, 10_000, 10)
+    print("most references, blocks, bytes that a row grew by:", *grown, flush=True)
     print("calls on eight threads:", check_threads(10, 1), flush=True)
     print("interpreters:", check_interpreters(25), flush=True)
 

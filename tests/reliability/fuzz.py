@@ -14,7 +14,7 @@ class Checker:
         self._modules = copies.fresh(), copies.replaced()
 
     def check(self, seed, left_out=()):
-        request, fits = generate.Generator(seed).request(properties.KEYS)
+        request, fits = generate.Generator(seed).request()
         request |= {name: "" if name in ("step", "query_text") else None for name in left_out}
         try:
             properties.check(*self._modules, request, fits, seed)
@@ -32,7 +32,7 @@ class Checker:
     def check_reduced(self, seed):
         """Fails with no more arguments than it takes."""
         left_out = []
-        for name in generate.Generator(seed).request(properties.KEYS)[0]:
+        for name in generate.Generator(seed).request()[0]:
             if self.fails(seed, [*left_out, name]):
                 left_out.append(name)
         self.check(seed, left_out)

@@ -11,6 +11,8 @@ from tavik_agent.method_acronyms import METHOD_ACRONYMS
 
 from tavik_agent import material_reference_data as reference
 
+from . import properties
+
 REQUESTS = [
     request
     for path in sorted((Path(__file__).parents[1] / "requests").glob("*.toml"))
@@ -31,7 +33,9 @@ INTENT = {
     "units": [{"energy": unit} for unit in ("eV", "Hartree", "electron-volts", " a.u.", "Ry")],
 }
 ODD_TEXT = [*"\0\ud800İßﬁ\u2028_(\U0001f9ea", "Fe²", "Fe٣", "x" * 300]
-LABELS = ["unknown", "other", "metal", "oxide", "periodic_bulk", "plain_dft", ""]
+# Kinds of words and how often one is drawn.
+WORDS = [(WRITTEN, 6), (NAMES, 4), (FORMULAS, 4), (SYMBOLS, 2), (KEYWORDS.split(), 5)]
+WORDS += [(ODD_TEXT, 1), (sorted(METHOD_ACRONYMS), 1)]
 
 
 def odd_values():
@@ -53,22 +57,11 @@ class Generator(random.Random):
         return [draw() for _ in range(self.randrange(most))]
 
     def word(self):
-        kinds = (
-            WRITTEN,
-            NAMES,
-            FORMULAS,
-            SYMBOLS,
-            KEYWORDS.split(),
-            ODD_TEXT,
-            sorted(METHOD_ACRONYMS),
-        )
-        word = self.choice(*self.choices(kinds, (6, 4, 4, 2, 5, 1, 1)))
+        word = self.choice(*self.choices(*zip(*WORDS, strict=True)))
         return self.choices([word, word.upper(), word.title(), word[::-1]], (12, 1, 1, 1))[0]
 
     def text(self, most=12):
-        separators = self.choices(
-            [" ", ", ", "\n", "-", "  ", "/", ""], (30, 2, 1, 1, 1, 1, 1), k=most
-        )
+        separators = self.choices([" ", ", ", *"\n-/", "  ", ""], (30, 2, 1, 1, 1, 1, 1), k=most)
         return "".join(map(str.__add__, self.several(most, self.word), separators))
 
     def species(self):
@@ -92,11 +85,12 @@ class Generator(random.Random):
         drawn |= {key: self.choice(words) for key, words in INTENT.items()}
         return {key: value for key, value in drawn.items() if self.random() < 0.3}
 
-    def base(self, keys):
+    def base(self):
         values = {"species": self.species(), "evidence": ["A", "B", "A"], "note": object}
         values["confidence"] = self.choice([0.9, "0.5", 0])
-        chosen = self.sample(sorted({*keys, "note"}), self.randrange(len(keys)))
-        return {key: values.get(key, self.choice(LABELS)) for key in chosen}
+        chosen = self.sample([*properties.KEYS, "note"], self.randrange(len(properties.KEYS)))
+        labels = ("unknown", "", *properties.LABELS["material_family"])
+        return {key: values.get(key, self.choice(labels)) for key in chosen}
 
     def put_odd_value(self, tree):
         while True:
@@ -106,7 +100,7 @@ class Generator(random.Random):
                 return
             tree = tree[place]
 
-    def request(self, keys):
+    def request(self):
         """The arguments of one call, and whether all of them are of a kind that fits."""
         request = {
             "step": self.choice(["relax", "scf", "", "straße"]),
@@ -115,7 +109,7 @@ class Generator(random.Random):
             "findings": self.maybe(0.4, self.several, 3, self.text),
             "planner_manifest": self.maybe(0.3, lambda: {"purpose": self.text(4), "notes": ["x"]}),
             "previous_steps_params": self.maybe(0.3, lambda: {"a": {}, "b": self.step_params()}),
-            "base_characterization": self.maybe(0.4, self.base, keys),
+            "base_characterization": self.maybe(0.4, self.base),
             "query_intent": self.maybe(0.6, self.intent),
         }
         odd_values = self.choice([0, 0, 0, 0, 1, 3])

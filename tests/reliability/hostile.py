@@ -5,7 +5,7 @@ import copy
 import functools
 import itertools
 
-from . import calls
+from . import calls, copies
 
 CONTENT = {"species": ["Fe"], "element": {"Fe": 1}, "evidence": ["A"], "units": {"energy": "eV"}}
 
@@ -17,14 +17,17 @@ class Failure(BaseException):
 class Mapping(collections.abc.Mapping):
     """A mapping of no built-in type."""
 
+    def __init__(self, content=CONTENT):
+        self._content = content
+
     def __getitem__(self, key):
-        return CONTENT[key]
+        return self._content[key]
 
     def __iter__(self):
-        return iter(CONTENT)
+        return iter(self._content)
 
     def __len__(self):
-        return len(CONTENT)
+        return len(self._content)
 
 
 class Key(str):
@@ -44,7 +47,7 @@ METHODS = {
     object: "__iter__ __len__ __bool__ __contains__ __str__ __float__ __eq__ __hash__ __call__ get "
     "items union __class__ __getattribute__",
 }
-# What a failing method may raise: from everywhere, and where the host calls it by its name.
+# What a failing method may raise: anywhere, and where Python code calls it by its name.
 ERRORS = [Failure, KeyboardInterrupt, MemoryError, RecursionError]
 ERRORS_BY_NAME = [KeyError, IndexError, StopIteration, AttributeError, TypeError]
 ANSWERS = {
@@ -89,7 +92,7 @@ def failing(raised):
 def answering(act):
     """Makers of values of which one method calls `act`, then gives one odd answer or another."""
     for kind, method in rows():
-        others = OTHER_ANSWERS if method != "__hash__" else []  # which the host would leak
+        others = OTHER_ANSWERS if method != "__hash__" else []  # which Python would leak
         for answer in [*ANSWERS.get(method, []), *others]:
 
             def body(self, *args, answer=answer, **kwargs):
@@ -114,3 +117,22 @@ def calls_with(make):
             yield name, others() | {parameter: places(make)[place]}
             if name == "characterize_material":  # alone, where no other argument decides first
                 yield name, {"step": "", parameter: places(make)[place]}
+
+
+def manganese():
+    """A request for which COMPLEX_MAGNETIC_SPECIES is read, as for none of calls.FUNCTIONS."""
+    return {"step": "", "query_text": "Mn"}
+
+
+def uses(module, make):
+    """A new value in every place of every function's arguments, then under every name of the module
+    while functions read it: the function, its arguments and the name."""
+    for function, arguments in calls_with(make):
+        yield function, arguments, None
+    own = copies.names(module)
+    reading = [*calls.FUNCTIONS.items(), ("characterize_material", manganese)]
+    for name, (function, arguments) in itertools.product(own, reading):
+        if function != name:
+            setattr(module, name, make())
+            yield function, arguments(), name
+            vars(module).update(own)

@@ -2,34 +2,44 @@
 
 import collections
 import types
+from typing import Literal, get_args, get_origin
 
-RECORD = (
-    "step structure_mode structure_archetype electronic_class magnetic_class correlation_class \
-material_family species formula_hint requested_energy_unit explicit_spin_mode intent_complexity \
-intent_correlation intent_magnetism intent_driven evidence confidence"
-)
-KEYS = RECORD.split()
-LABELS = {
-    "structure_mode": "external_structure periodic_bulk molecule_or_cluster unknown",
-    "structure_archetype": "stm_sample_tip layered_parent_exfoliation zincblende graphene_2d \
-hbn_2d tmd_2d phosphorene_2d mxene_2d two_dimensional surface_slab unknown",
-    "electronic_class": "metal semiconductor insulator unknown",
-    "magnetic_class": "nonmagnetic simple_ferromagnet collinear_magnetic template_antiferromagnet \
-noncollinear_template complex_magnetic unknown",
-    "correlation_class": "dftu_sensitive plain_dft unknown",
-    "material_family": "two_dimensional molecule semiconductor oxide elemental_metal alloy other",
-}
+from tavik_agent.characterization_types import CharacterizationRecord
+
+from . import hostile
+
+HINTS = CharacterizationRecord.__annotations__
+KEYS = [*HINTS]
+LABELS = {key: get_args(hint) for key, hint in HINTS.items() if get_origin(hint) is Literal}
 OPEN = ("", [], None, "unknown", "other")
 SIMPLE = ("simple", "tutorial", "minimal", "basic")
 COUNTED = {"structure_mode": 15, "electronic_class": 15, "magnetic_class": 15}
 COUNTED |= {"correlation_class": 10, "species": 20, "formula_hint": 10}
-MAPPINGS = [
-    types.MappingProxyType,
-    collections.ChainMap,
-    collections.UserDict,
-    type("D", (dict,), {}),
-]
+PARAMS = ("step_params", "previous_steps_params")
+OTHER_MAPPINGS = ("planner_manifest", "base_characterization", "query_intent")
+MAPPINGS = [types.MappingProxyType, collections.ChainMap, collections.UserDict, hostile.Mapping]
+MAPPINGS += [collections.OrderedDict, type("D", (dict,), {})]
 Text = type("Text", (str,), {})
+Empty = type("Empty", (dict,), {"__bool__": lambda self: False})
+
+
+SUPPRESSED = "complex-material heuristics suppressed"
+# Of each decision in order the messages that may report it.
+EVIDENCE = {
+    "species": "element definitions declare species {}|reused prior-step species {}"
+    "|user query explicitly named species {} (LLM intent)"
+    "|prose-scanned fallback species {} (low confidence)",
+    "formula_hint": "user query explicitly wrote formula {} (LLM intent)|formula hint {}",
+    "structure_mode": "structure mode={}",
+    "structure_archetype": "structure archetype={}",
+    "electronic_class": "electronic class={}",
+    "correlation_class": "correlation class={}",
+    "intent_complexity": f"user query flagged as {{}} (LLM intent) \u2014 {SUPPRESSED}",
+    "magnetic_class": "magnetic class={}",
+    "material_family": "material family={}",
+    "requested_energy_unit": "user query requested {} energy semantics (LLM intent)"
+    "|query requested {} energy semantics (prose fallback)",
+}
 
 
 def outcome(module, request):
@@ -40,51 +50,19 @@ def outcome(module, request):
         return error
 
 
-def evidence_of(record):
-    """For each decision the messages that may report it; none for one that was left open."""
-    species, formula, unit = (record[key] for key in KEYS[7:10])
-    complexity = record["intent_complexity"]
-    labels = {
-        key: [f"{key.replace('_', ' ')}={record[key]}"] * (record[key] not in OPEN)
-        for key in LABELS
-    }
-    yield bool(species) * [
-        f"element definitions declare species {species}",
-        f"user query explicitly named species {species} (LLM intent)",
-        f"reused prior-step species {species}",
-        f"prose-scanned fallback species {species} (low confidence)",
-    ]
-    yield bool(formula) * [
-        f"user query explicitly wrote formula {formula} (LLM intent)",
-        f"formula hint {formula}",
-    ]
-    yield from (labels[key] for key in ("structure_mode", "structure_archetype"))
-    yield from (labels[key] for key in ("electronic_class", "correlation_class"))
-    suppressed = "complex-material heuristics suppressed"
-    yield (complexity in SIMPLE) * [
-        f"user query flagged as {complexity} (LLM intent) \u2014 {suppressed}"
-    ]
-    yield from (labels[key] for key in ("magnetic_class", "material_family"))
-    yield bool(unit) * [
-        f"user query requested {unit} energy semantics (LLM intent)",
-        f"query requested {unit} energy semantics (prose fallback)",
-    ]
-
-
 def check_record(record):
     assert list(record) == KEYS
-    for key, labels in LABELS.items():
-        assert record[key] in labels.split(), key
-    assert record["requested_energy_unit"] in ("", "eV", "Hartree")
-    assert record["explicit_spin_mode"] in ("", "collinear", "non-collinear")
+    assert all(record[key] in labels for key, labels in LABELS.items())
     assert all(type(symbol) is str and symbol.strip() for symbol in record["species"])
     assert len({*record["species"]}) == len(record["species"])
     words = [record[key] for key in ("intent_complexity", "intent_correlation", "intent_magnetism")]
     assert all(word == word.strip().lower() for word in words)
     assert record["intent_driven"] is True or (record["intent_driven"] is False and not any(words))
     reported = iter(record["evidence"])
-    for messages in evidence_of(record):
-        assert not messages or next(reported, None) in messages, messages
+    for key, messages in EVIDENCE.items():
+        if record[key] in SIMPLE or (record[key] not in OPEN and key != "intent_complexity"):
+            allowed = [message.format(record[key]) for message in messages.split("|")]
+            assert next(reported, None) in allowed, key
     assert next(reported, None) is None
     hundredths = 25 + sum(more for key, more in COUNTED.items() if record[key] not in OPEN)
     assert record["confidence"] == min(hundredths, 95) / 100
@@ -98,7 +76,7 @@ def check_merged(merged, base, alone):
         now, before = merged[key], base[key]
         assert now is before or (key in KEYS and now not in OPEN), key
     for key, labels in LABELS.items():
-        assert merged[key] in labels.split() or merged[key] is base.get(key), key
+        assert merged[key] in labels or merged[key] is base.get(key), key
     assert not merged["confidence"] < float(base.get("confidence") or 0)
     messages = [*(base.get("evidence") or [])]
     if alone["species"]:  # else the base's species may decide what the call alone left open
@@ -131,15 +109,20 @@ def check_classifiers(module, request, record):
     assert family == module._material_family(species, mode, electronic, hint, archetype)
 
 
-def in_other_types(request, number):
-    """The same request in host types that must be asked for everything."""
-    kind = MAPPINGS[number % len(MAPPINGS)]
+def in_other_types(request, kind, fits):
+    """The same request in types that Python must be asked for everything."""
+
+    def remade(value, deeply):
+        if type(value) is not dict:
+            return value
+        return kind(
+            {key: remade(entry, deeply) if deeply else entry for key, entry in value.items()}
+        )
+
     texts = {key: Text(value) for key, value in request.items() if type(value) is str}
-    # Of a step or a query that is a mapping the text form is read, which may name its type.
-    read = [
-        key for key in request if type(request[key]) is dict and key not in ("step", "query_text")
-    ]
-    return request | texts | {key: kind(request[key]) for key in read}
+    # What the text form is read of may name its type.
+    params = {key: remade(request[key], fits) for key in PARAMS}
+    return request | texts | params | {key: remade(request[key], False) for key in OTHER_MAPPINGS}
 
 
 def check(module, replaced, request, fits, number):
@@ -149,11 +132,19 @@ def check(module, replaced, request, fits, number):
     found = outcome(module, request)
     is_record = not isinstance(found, Exception)
     assert is_record or not fits, found
+    changed = outcome(module, request)
+    if is_record:
+        changed["evidence"].append("not the argument's, nor of a later record")
     assert repr(outcome(module, request)) == repr(found), "another answer to the same call"
     assert repr(outcome(replaced, request)) == repr(found), "another answer by replaced names"
-    other = outcome(module, in_other_types(request, number))
+    kind = MAPPINGS[number % len(MAPPINGS)]
+    other = outcome(module, in_other_types(request, kind, fits))
     assert type(other) is type(found), "another outcome for other types"
     assert not is_record or repr(other) == repr(found), "another answer to other types"
+    name = (*OTHER_MAPPINGS, *PARAMS)[number % 5]
+    empty = Empty(request[name]) if type(request[name]) is dict else {}
+    without = repr(outcome(module, request | {name: None}))
+    assert repr(outcome(module, request | {name: empty})) == without, "emptiness is not asked for"
     assert repr(request) == before, "an argument changed"
     if is_record:
         base = request["base_characterization"]

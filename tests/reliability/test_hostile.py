@@ -1,24 +1,20 @@
 """No value crashes the process. Its error arrives unchanged, and the next call is right."""
 
+import collections
 import functools
 import itertools
 import os
 import sys
 import threading
+from concurrent import futures
 
 import pytest
 from reliability import calls, copies, hostile
+from reliability.endurance import EXPECTED
 
 # What a value of the wrong kind, one that changed while it was read, or one that claims an immense
 # length may end in.
 REFUSALS = (AttributeError, LookupError, TypeError, ValueError, RuntimeError, MemoryError)
-# Calls that read every name of the module between them but these.
-READING = [
-    *calls.FUNCTIONS.items(),
-    ("characterize_material", lambda: {"step": "", "query_text": "Mn"}),
-]
-UNREAD = "METHOD_ACRONYMS _FORMULA_TOKEN_RE _FORMULA_PART_RE characterize_material"
-EXPECTED = {name: calls.result(copies.fresh(), name) for name in calls.FUNCTIONS}
 
 
 def check_next_call(module, names=calls.FUNCTIONS):
@@ -40,134 +36,77 @@ def attempt(module, name, arguments, raised=()):
 
 
 def test_error_of_a_value_arrives_unchanged():
-    module, raised, reached = copies.fresh(), [], 0
+    module, raised, reached = copies.fresh(), [], collections.Counter()
     for make in hostile.failing(raised):
-        for name, arguments in hostile.calls_with(make):
+        for function, arguments, name in hostile.uses(module, make):
             raised.clear()
-            attempt(module, name, arguments, raised)
-            reached += bool(raised)
-    assert reached > 2000
+            attempt(module, function, arguments, raised)
+            reached[name] += bool(raised)
+    assert reached[None] > 2000
+    assert {*+reached} == {None, *copies.GLOBALS}
     check_next_call(module)
 
 
-def test_error_of_a_rebound_name_arrives_unchanged():
-    module, raised, reached = copies.fresh(), [], set()
+def change_all(values, change):
+    """Changes every list and dict among the values, and those directly in them."""
+    for outer in [value for value in values if type(value) in (list, dict)]:
+        inner = outer.values() if type(outer) is dict else outer
+        for found in [outer, *(value for value in inner if type(value) in (list, dict))]:
+            change(found)
+
+
+def grow(found):
+    if len(found) < 99:
+        found.append("Ni") if type(found) is list else found.update({f"k{len(found)}": 1})
+
+
+def shrink(found):
+    if found:
+        found.pop() if type(found) is list else found.popitem()
+
+
+ACTIONS = {
+    "none": lambda **_: None,
+    "grow": lambda given, **_: change_all(given, grow),
+    "shrink": lambda given, **_: change_all(given, shrink),
+    "clear": lambda given, **_: change_all(given, lambda found: found.clear()),
+    "rebind": lambda module, own, **_: copies.rebind(module, own),
+    "call back": lambda module, **_: check_next_call(module, ["characterize_material"]),
+}
+
+
+@pytest.mark.parametrize("action", ACTIONS)
+def test_values_that_act_while_they_are_read(action):
+    module, given = copies.fresh(), []
     own = copies.names(module)
-    for make, name in itertools.product(hostile.failing(raised), own):
-        setattr(module, name, make())
-        for function, arguments in READING:
-            raised.clear()
-            if function != name:
-                attempt(module, function, arguments(), raised)
-            reached |= {name} if raised else set()
-        setattr(module, name, own[name])
-    assert {*own} - reached == {*UNREAD.split()}
-    check_next_call(module)
-
-
-def test_values_of_names_that_are_rebound_while_they_are_read():
-    module = copies.fresh()
-    own = copies.names(module)
-    act = functools.partial(copies.rebind, module, own)
-    for make, name in itertools.product([*hostile.answering(act)][::3], own):
-        setattr(module, name, make())
-        for function, arguments in READING:
-            attempt(module, function, arguments())
-        vars(module).update(own)
-    check_next_call(module)
-
-
-def change_all(victims, change):
-    for victim in [v for v in victims if type(v) in (list, dict)]:
-        parts = victim.values() if type(victim) is dict else victim
-        for part in [victim, *(part for part in parts if type(part) in (list, dict))]:
-            change(part)
-
-
-def grow(victim):
-    if len(victim) < 99:
-        victim.append("Ni") if type(victim) is list else victim.update({f"k{len(victim)}": 1})
-
-
-def shrink(victim):
-    if victim:
-        victim.pop() if type(victim) is list else victim.popitem()
-
-
-@pytest.mark.parametrize("deed", ["none", "grow", "shrink", "clear", "rebind", "call back"])
-def test_values_that_meddle_while_they_are_read(deed):
-    module, victims = copies.fresh(), []
-    own = copies.names(module)
-    act = {
-        "none": lambda: None,
-        "grow": lambda: change_all(victims, grow),
-        "shrink": lambda: change_all(victims, shrink),
-        "clear": lambda: change_all(victims, lambda victim: victim.clear()),
-        "rebind": lambda: copies.rebind(module, own),
-        "call back": lambda: check_next_call(module, ["characterize_material"]),
-    }[deed]
-    values = [*hostile.answering(act)]
-    for make in values if deed == "none" else values[::7]:
-        for name, arguments in hostile.calls_with(make):
-            victims[:] = arguments.values()
-            attempt(module, name, arguments)
+    values = [*hostile.answering(lambda: ACTIONS[action](module=module, own=own, given=given))]
+    for make in values if action == "none" else values[::9]:
+        for function, arguments, _ in hostile.uses(module, make):
+            given[:] = arguments.values()
+            attempt(module, function, arguments)
             vars(module).update(own)
     check_next_call(module)
 
 
-@pytest.mark.parametrize("positional", [0, 1])
-def test_arguments_that_are_let_go_of_during_the_call(positional):
-    class LettingGo:
-        def __str__(self):
-            call.__setstate__((print, (), {}, {}))
-            return ""
-
+@pytest.mark.parametrize("wrap", [lambda v: [v], lambda v: {"element": v}], ids=["list", "dict"])
+def test_deep_nesting(wrap):
     module = copies.fresh()
-    species = ["".join(["Z", "n"]), "O"]
-    arguments = [LettingGo(), species[:]][: 1 + positional]
-    others = {} if positional else {"species": species[:]}
-    call = functools.partial(module._formula_hint, *arguments)
-    del arguments
-    assert call(**others) == "ZnO"
-    call = functools.partial(module._combined_text, [LettingGo()], ["".join(["Z", "n"])])
-    assert call() == "Zn"
-
-
-@functools.cache
-def nested(kind):
-    value = "Fe"
-    for _ in range(30_000):
-        value = {"element": value} if kind is dict else [value]
-    return value
-
-
-@pytest.mark.parametrize("kind", [list, dict])
-def test_deep_nesting(kind):
-    module = copies.fresh()
-    for name, arguments in hostile.calls_with(lambda: nested(kind)):
+    nested = functools.reduce(lambda value, _: wrap(value), range(30_000), "Fe")
+    for name, arguments in hostile.calls_with(lambda: nested):
         attempt(module, name, arguments)
     with pytest.raises(RecursionError):
-        module.characterize_material(step="", findings=[nested(kind)])
+        module.characterize_material(step="", findings=[nested])
     check_next_call(module)
 
 
 def on_usual_stack(action):
     """What the action returns or raises on a stack of 8 MiB."""
-    outcome = []
-
-    def run():
-        try:
-            outcome.append(action())
-        except BaseException as error:
-            outcome.append(error)
-
     sanitized = "asan" in os.environ.get("LD_PRELOAD", "")  # which makes frames much larger
     size = threading.stack_size(2**28 if sanitized else 2**23)
-    thread = threading.Thread(target=run)
-    thread.start()
-    thread.join()
+    with futures.ThreadPoolExecutor(1) as pool:
+        done = pool.submit(action)
     threading.stack_size(size)
-    return outcome[0]
+    return done.exception() or done.result()
 
 
 @pytest.mark.parametrize("name", calls.FUNCTIONS)

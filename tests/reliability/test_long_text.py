@@ -1,4 +1,4 @@
-"""Texts beyond the 32 and 64 bytes that are read at once, with the module's own tables."""
+"""Texts of every length around the blocks of 16 to 64 bytes that a scan may read at once."""
 
 import random
 
@@ -7,27 +7,22 @@ import pytest
 from tavik_agent import material_characterization as mc
 
 
-@pytest.fixture(autouse=True)
-def _known_tables():
-    """The module's own tables stay in place here: those put in their place are not indexed."""
-
-
 def request(query, finding=""):
     return mc.characterize_material(step="", query_text=query, findings=[finding])
 
 
+FOUND = [
+    ("lithium iron phosphate", "species", ["Li", "Fe", "P", "O"]),
+    ("Fe2O3", "species", ["Fe", "O"]),
+    ("spin orbit", "magnetic_class", "noncollinear_template"),
+    ("hubbard", "correlation_class", "dftu_sensitive"),
+    ("eV", "requested_energy_unit", "eV"),
+    ("atomic \n units", "requested_energy_unit", "Hartree"),
+]
+
+
 @pytest.mark.parametrize("behind", ["", " ", " " + "." * 90, ". Xy " * 30])
-@pytest.mark.parametrize(
-    ("words", "key", "value"),
-    [
-        ("lithium iron phosphate", "species", ["Li", "Fe", "P", "O"]),
-        ("Fe2O3", "species", ["Fe", "O"]),
-        ("spin orbit", "magnetic_class", "noncollinear_template"),
-        ("hubbard", "correlation_class", "dftu_sensitive"),
-        ("eV", "requested_energy_unit", "eV"),
-        ("atomic \n units", "requested_energy_unit", "Hartree"),
-    ],
-)
+@pytest.mark.parametrize(("words", "key", "value"), FOUND)
 def test_found_wherever_it_stands(words, key, value, behind):
     blanks = [i for i, character in enumerate(words) if character == " "]
     for size in range(140):

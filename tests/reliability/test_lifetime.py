@@ -1,0 +1,124 @@
+"""A module and its arguments live as long as a function of it runs, and nothing that later records
+are made from can be changed from Python."""
+
+import contextlib
+import functools
+import gc
+import weakref
+
+import pytest
+from reliability import calls, copies, hostile
+
+# Methods that the functions call between them, each with an answer that lets the call go on.
+METHODS = [
+    *((object, "__str__", "Fe"), (object, "__bool__", True), (object, "__hash__", 1)),
+    *((object, "__eq__", True), (object, "__iter__", iter(())), (str, "strip", "Fe")),
+    *((str, "lower", "fe"), (dict, "get", None)),
+]
+
+
+# Each gives a call that borrows the function, and what makes an end of the only reference to it.
+
+
+def borrowed_by_partial(function, name, arguments):
+    by_position = tuple(arguments.values()) if name == "_combined_text" else ()
+    partial = functools.partial(function, *by_position, **({} if by_position else arguments))
+    return partial, lambda: partial.__setstate__((print, (), {}, {}))
+
+
+def borrowed_by_property(function, name, arguments):
+    made = property(function, function)
+    call = made.__get__ if len(arguments) == 1 else made.__set__
+    return functools.partial(call, *arguments.values()), made.__init__
+
+
+OF_ONE_OR_TWO = "_combined_text _species_from_element_block _formula_parts _species_from_text \
+_formula_hint _structure_mode"
+
+
+@pytest.mark.parametrize(
+    ("borrowed", "names"),
+    [(borrowed_by_partial, [*calls.FUNCTIONS]), (borrowed_by_property, OF_ONE_OR_TWO.split())],
+)
+def test_module_lives_while_its_function_runs(borrowed, names):
+    modules, was_alive = [], {name: [] for name in names}
+    gc.collect()
+    gc.freeze()  # what was there before need not be looked through each time
+
+    def let_go(self, *args, answer):
+        modules.clear()
+        drop()
+        gc.collect()
+        was_alive[name].append(module() is not None)
+        if not was_alive[name][-1]:
+            raise hostile.Failure  # rather than go on in a module that was freed
+        return answer
+
+    for kind, method, answer in METHODS:
+        make = hostile.with_method(kind, method, functools.partialmethod(let_go, answer=answer))
+        for name, arguments in hostile.calls_with(make):
+            if name not in names:
+                continue
+            if not modules:
+                modules.append(copies.fresh())
+                module = weakref.ref(modules[0])
+            call, drop = borrowed(getattr(modules[0], name), name, arguments)
+            with contextlib.suppress(hostile.Failure, TypeError, ValueError, AttributeError):
+                call()
+    gc.unfreeze()
+    assert all(was_alive.values()), "a function was never let go of"
+    assert {name for name, alive in was_alive.items() if not all(alive)} == set()
+
+
+@pytest.mark.parametrize("positional", [0, 1])
+def test_arguments_live_while_the_function_runs(positional):
+    class DropsArguments:
+        def __str__(self):
+            call.__setstate__((print, (), {}, {}))
+            return ""
+
+    module = copies.fresh()
+    arguments = [DropsArguments(), ["".join(["Z", "n"]), "O"]]
+    others = {} if positional else {"species": arguments.pop()[:]}
+    call = functools.partial(module._formula_hint, *arguments)
+    del arguments
+    assert call(**others) == "ZnO"
+    call = functools.partial(module._combined_text, [DropsArguments()], ["".join(["Z", "n"])])
+    assert call() == "Zn"
+
+
+def held_by(module):
+    """The lists, dicts and sets that a module holds, but for its namespace and what stands there,
+    which is everybody's to change."""
+    seen = {id(known) for known in (vars(module), *vars(module).values())}
+    left, found = gc.get_referents(module), []
+    while left:
+        held = left.pop()
+        if isinstance(held, tuple | list | dict | set) and id(held) not in seen:
+            seen.add(id(held))
+            left += gc.get_referents(held)
+            found += [] if isinstance(held, tuple) else [held]
+    return found
+
+
+def overwrite(container):
+    if isinstance(container, dict):
+        container.update(dict.fromkeys([*container, "more"], "overwritten"))
+    else:
+        (container.append if isinstance(container, list) else container.add)("overwritten")
+
+
+def test_nothing_that_records_are_made_from_can_be_changed():
+    others = {id(known) for known in gc.get_objects()}
+    module = copies.fresh()
+    requests = [{"step": ""}, calls.FUNCTIONS["characterize_material"]()]
+    requests += [{"step": "", "query_text": text} for text in ("NiO", "metal", "2d", "AFM in eV")]
+    records = [module.characterize_material(**request) for request in requests]
+    expected = repr(records)
+    others |= {id(part) for request in requests for part in (request, *request.values())}
+    made = [known for known in gc.get_objects() if id(known) not in others]
+    made = [known for known in made if type(known) is dict and "confidence" in known]
+    made += [value for record in records for value in record.values() if type(value) is list]
+    for known in [*held_by(module), *made]:
+        overwrite(known)
+    assert repr([module.characterize_material(**request) for request in requests]) == expected
