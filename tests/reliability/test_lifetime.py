@@ -1,6 +1,7 @@
 """A module and its arguments live as long as a function of it runs, and nothing that later records
 are made from can be changed from Python."""
 
+import builtins
 import contextlib
 import functools
 import gc
@@ -88,9 +89,9 @@ def test_arguments_live_while_the_function_runs(positional):
 
 
 def held_by(module):
-    """The lists, dicts and sets that a module holds, but for its namespace and what stands there,
-    which is everybody's to change."""
-    seen = {id(known) for known in (vars(module), *vars(module).values())}
+    """The lists, dicts and sets that a module holds, but for its namespace, what stands there, and
+    the built-ins, which are everybody's to change."""
+    seen = {id(known) for known in (vars(module), *vars(module).values(), vars(builtins))}
     left, found = gc.get_referents(module), []
     while left:
         held = left.pop()
