@@ -20,7 +20,8 @@ To add an entry:
 from .band_gaps import INSULATOR_FORMULAS, SEMICONDUCTOR_FORMULAS
 from .compound_names import FORMULA_ALIASES
 from .correlation import DFTU_SENSITIVE_FORMULAS, is_transition_metal_oxide
-from .elements import ELEMENT_NAME_ALIASES, KNOWN_ELEMENT_SYMBOLS
+from .element_contexts import ELEMENT_NAME_ALIASES
+from .elements import KNOWN_ELEMENT_SYMBOLS
 from .magnetism import (
     COMPLEX_MAGNETIC_SPECIES,
     NONMAGNETIC_METAL_SPECIES,
