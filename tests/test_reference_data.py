@@ -106,7 +106,7 @@ def test_no_compound_row_is_hidden():
 
 
 def test_no_form_has_two_meanings():
-    """The forms of different phrases never meet; a row of a list may outrank the same row by rule."""
+    """Forms of different phrases never meet; a row of a list may outrank the same row by rule."""
     first, met = {}, []
     for table, forms in compound_names.GROUPS:
         for phrase, formula in table.items():

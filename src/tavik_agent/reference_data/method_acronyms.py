@@ -63,14 +63,14 @@ _ONE_LETTER: Final = "BCFHIKNOPSUVWY"
 _WITHOUT_CHEMISTRY: Final = frozenset({"Bh", "Bk", "Cf", "Cn", "Hs", "Nh", "No", "Np", "Po"})
 _PAIRS: Final = frozenset(s.upper() for s in KNOWN_ELEMENT_SYMBOLS - _WITHOUT_CHEMISTRY)
 _SPELT: Final = _CHEMISTRY.union(
-    (
+
         formula.upper()
         for formula in chain(
             SEMICONDUCTOR_FORMULAS, INSULATOR_FORMULAS, DFTU_SENSITIVE_FORMULAS,
             frozenset(FORMULA_ALIASES.values()), KNOWN_ELEMENT_SYMBOLS,
         )
         if len(formula) < 5
-    )
+
 )  # fmt: skip
 
 
@@ -152,8 +152,8 @@ _WORDS: Final = frozenset(
         # I right", "Be careful". Names and phrases such as "in-doped", "as-rich" and "of be" bring
         # the elements back; nitric oxide is found by name.
         "IN", "AS", "I", "NO", "AT", "AM", "BE",
-        # The critical temperature, also in "high-Tc"; "hcp tc", "tc-doped", "tc(0001)" and their like
-        # bring technetium back.
+        # The critical temperature, also in "high-Tc"; "hcp tc", "tc-doped", "tc(0001)" and their
+        # like bring technetium back.
         "TC",
         # "Re-relax", "Re-run"; "of re" and its like bring rhenium back.
         "RE",

@@ -8,9 +8,10 @@ Criterion, for both tables: the measured gap of the bulk compound in its usual p
 conditions. Up to 3.6 eV it is a semiconductor, above 4 eV an insulator. Between the two limits
 usage decides where it is settled, and the exception says so. Metals and semimetals are in neither
 table. Neither are correlated insulators: where correlation in an open d or f shell opens the gap
-(Fe2O3, CuO, FePS3, MnS, CuFeS2, Ce2S3), a small gap makes no semiconductor; such a compound is among
-the correlated formulas alone, and the rules call it an insulator. What usage calls a magnetic
-semiconductor throughout stays, at its group with that reason. For a mixed crystal written without fractions the end members must be on one side.
+(Fe2O3, CuO, FePS3, MnS, CuFeS2, Ce2S3), a small gap makes no semiconductor; such a compound is
+among the correlated formulas alone, and the rules call it an insulator. What usage calls a magnetic
+semiconductor throughout stays, at its group with that reason. For a mixed crystal written without
+fractions the end members must be on one side.
 
 Sources: W. H. Strehlow and E. L. Cook, J. Phys. Chem. Ref. Data 2, 163 (1973), elements and binary
 compounds; O. Madelung, Semiconductors: Data Handbook, 3rd edition (Springer, 2004); I. Vurgaftman,
@@ -83,11 +84,13 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # compounds are metals. MoTe2 stands for its stable 2H form.
         "MoS2", "MoSe2", "MoTe2", "WS2", "WSe2", "MoSSe", "WSSe", "MoWS2", "ReS2", "ReSe2", "HfS2",
         "HfSe2", "ZrS2", "ZrSe2", "PtS2", "PdS2", "PdSe2", "TiS3", "ZrS3", "ZrSe3", "HfS3",
-        "HfSe3", "FeS2", "RuS2", "RuSe2", "OsS2", "Ta2NiSe5", "Ta2NiS5", "CuInP2S6", "AgInP2S6", "Cu3VS4", "Cu3NbS4", "Cu3TaS4", "BaZrS3", "SrZrS3", "CaZrS3", "BaHfS3", "SrHfS3", "BaTiS3",
+        "HfSe3", "FeS2", "RuS2", "RuSe2", "OsS2", "Ta2NiSe5", "Ta2NiS5", "CuInP2S6",
+        "AgInP2S6", "Cu3VS4", "Cu3NbS4", "Cu3TaS4", "BaZrS3", "SrZrS3", "CaZrS3", "BaHfS3",
+        "SrHfS3", "BaTiS3",
         # Magnetic semiconductors by settled usage: MnTe, the chromium thio- and selenospinels, and
-        # the layered compounds with ferromagnetic layers. The antiferromagnetic FePS3, NiPS3, MnPS3,
-        # their selenides, and NiI2 are correlated insulators; the europium chalcogenides stand with
-        # the rare earths.
+        # the layered compounds with ferromagnetic layers. The antiferromagnetic FePS3, NiPS3 and
+        # MnPS3, their selenides, and NiI2 are correlated insulators; the europium chalcogenides
+        # stand with the rare earths.
         "MnTe", "ZnCr2S4", "ZnCr2Se4", "CdCr2S4", "CdCr2Se4", "HgCr2S4", "HgCr2Se4", "CrI3",
         "CrBr3", "VI3", "CrSBr", "CrGeTe3", "Cr2Ge2Te6", "CrSiTe3", "Cr2Si2Te6", "CrPS4",
         # Chalcopyrites.
@@ -127,8 +130,9 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # Closed shells of metals that otherwise correlate: low-spin d6 (LiCoO2), d0 (Ag2CrO4), f0
         # (CeO2).
         "LiCoO2", "Ag2CrO4", "CeO2",
-        # Chalcogenides of the rare earths, and hydrides. EuO to EuTe are the magnetic semiconductors
-        # of the textbooks; SmS to TmTe are named for their semiconductor-metal transition.
+        # Chalcogenides of the rare earths, and hydrides. EuO to EuTe are the magnetic
+        # semiconductors of the textbooks; SmS to TmTe are named for their semiconductor-metal
+        # transition.
         "EuO", "EuS", "EuSe", "EuTe", "SmS", "SmSe", "SmTe", "YbS", "YbSe", "YbTe", "TmTe",
         "La2S3", "YH3", "Mg2NiH4", "Mg2FeH6",
         # Further chalcogenides, pnictides, halides and oxides of main-group and d10 metals.

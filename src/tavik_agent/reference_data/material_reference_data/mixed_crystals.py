@@ -1,8 +1,8 @@
 """Formulas with fractions or variables: mixed crystals, open stoichiometry, layered terminations.
 
-Meaning: a lower-case spelling ("la0.8sr0.2mno3", "li1-xcoo2", "moox") and a formula of plain symbols
-and whole counts. The formula scan ends at a decimal point or a bracket and cannot pass a small
-letter, so without a row it would read the first piece as the material ("Ba" of Ba(Zr,Y)O3).
+Meaning: a lower-case spelling ("la0.8sr0.2mno3", "li1-xcoo2", "moox") and a formula of plain
+symbols and whole counts. The formula scan ends at a decimal point or a bracket and cannot pass a
+small letter, so without a row it would read the first piece as the material ("Ba" of Ba(Zr,Y)O3).
 Criterion: systems in common use. Each is a pattern in which [A,B] is a site that two elements
 share; the rule makes the spellings with the usual fractions, with x, and with round brackets. The
 stored formula names the elements of the site side by side, without their share, as AlGaAs and
@@ -22,61 +22,51 @@ from .written_forms import first_of_each
 _SYSTEMS: Final = (
     # Manganites, cobaltites, ferrites, nickelates, cuprates, vanadates and titanates.
     "[La,Sr]MnO3 [La,Ca]MnO3 [La,Ba]MnO3 [Pr,Ca]MnO3 [Nd,Sr]MnO3 [Pr,Sr]MnO3 [Sm,Sr]MnO3 "
-    "[Nd,Ca]MnO3 [La,Sr]CoO3 [La,Sr]FeO3 [La,Ca]FeO3 [La,Sr]CrO3 "
-    "[La,Sr]NiO3 [Nd,Sr]NiO2 [La,Sr]NiO2 [La,Sr]TiO3 [La,Sr]VO3 [Sm,Nd]NiO3 "
-    "[Bi,La]FeO3 [Bi,Sm]FeO3 [Bi,Nd]FeO3 Bi[Fe,Mn]O3 Bi[Fe,Co]O3 La[Mn,Fe]O3 "
-    "La[Fe,Co]O3 Sr[Fe,Co]O3 Sr[Ti,Fe]O3 Ba[Co,Fe]O3 [Ca,Sr]RuO3 "
-    "[Ca,Sr]VO3 Sr[Ti,Nb]O3 Sr[Ti,Ru]O3 "
+    "[Nd,Ca]MnO3 [La,Sr]CoO3 [La,Sr]FeO3 [La,Ca]FeO3 [La,Sr]CrO3 [La,Sr]NiO3 [Nd,Sr]NiO2 "
+    "[La,Sr]NiO2 [La,Sr]TiO3 [La,Sr]VO3 [Sm,Nd]NiO3 [Bi,La]FeO3 [Bi,Sm]FeO3 [Bi,Nd]FeO3 "
+    "Bi[Fe,Mn]O3 Bi[Fe,Co]O3 La[Mn,Fe]O3 La[Fe,Co]O3 Sr[Fe,Co]O3 Sr[Ti,Fe]O3 Ba[Co,Fe]O3 "
+    "[Ca,Sr]RuO3 [Ca,Sr]VO3 Sr[Ti,Nb]O3 Sr[Ti,Ru]O3 "
     # Battery oxides and phosphates.
     "Li[Ni,Mn]O2 Li[Ni,Co]O2 Li[Co,Ni]O2 Li[Co,Al]O2 Li[Mn,Ni]O2 Li[Fe,Mn]PO4 Li[Mn,Fe]PO4 "
     "Li[Fe,Co]PO4 Na[Fe,Mn]O2 Na[Ni,Mn]O2 Na[Mn,Ni]O2 "
     # Ferroelectrics, ion conductors and dielectrics.
-    "Pb[Zr,Ti]O3=Pb2ZrTiO6 Pb[Ti,Zr]O3=Pb2ZrTiO6 [Ba,Sr]TiO3=BaSrTi2O6 [Sr,Ba]TiO3=BaSrTi2O6 [Ba,Ca]TiO3 [Pb,Sr]TiO3 "
-    "[Pb,La]TiO3 [Sr,La]TiO3 Ba[Zr,Ti]O3 Ba[Ti,Zr]O3 [Bi,Na]TiO3=BiNaTi2O6 "
-    "[Na,Bi]TiO3=NaBiTi2O6 [K,Na]NbO3=KNaNb2O6 [Na,K]NbO3=KNaNb2O6 [Li,Na]NbO3 K[Ta,Nb]O3 K[Nb,Ta]O3 Ba[Zr,Y]O3 "
-    "Ba[Ce,Y]O3 Ba[Ce,Zr]O3 Sr[Ce,Y]O3 Ba[Zr,Ce]O3 [Ba,La]SnO3 [La,Ba]SnO3 "
-    "[Hf,Zr]O2=HfZrO4 [Zr,Hf]O2=HfZrO4 [Zr,Y]O2 [Ce,Gd]O2 [Ce,Sm]O2 [Ce,Zr]O2 [Ce,La]O2 "
-    "[Th,U]O2 [U,Pu]O2 [U,Th]O2 [U,Gd]O2 [U,Ce]O2 "
+    "Pb[Zr,Ti]O3=Pb2ZrTiO6 Pb[Ti,Zr]O3=Pb2ZrTiO6 [Ba,Sr]TiO3=BaSrTi2O6 [Sr,Ba]TiO3=BaSrTi2O6 "
+    "[Ba,Ca]TiO3 [Pb,Sr]TiO3 [Pb,La]TiO3 [Sr,La]TiO3 Ba[Zr,Ti]O3 Ba[Ti,Zr]O3 "
+    "[Bi,Na]TiO3=BiNaTi2O6 [Na,Bi]TiO3=NaBiTi2O6 [K,Na]NbO3=KNaNb2O6 [Na,K]NbO3=KNaNb2O6 "
+    "[Li,Na]NbO3 K[Ta,Nb]O3 K[Nb,Ta]O3 Ba[Zr,Y]O3 Ba[Ce,Y]O3 Ba[Ce,Zr]O3 Sr[Ce,Y]O3 Ba[Zr,Ce]O3 "
+    "[Ba,La]SnO3 [La,Ba]SnO3 [Hf,Zr]O2=HfZrO4 [Zr,Hf]O2=HfZrO4 [Zr,Y]O2 [Ce,Gd]O2 [Ce,Sm]O2 "
+    "[Ce,Zr]O2 [Ce,La]O2 [Th,U]O2 [U,Pu]O2 [U,Th]O2 [U,Gd]O2 [U,Ce]O2 "
     # Transparent conductors, magnetic and photocatalytic oxides, minerals.
-    "[Ti,Nb]O2 [Ti,V]O2 [Ti,Co]O2 [V,W]O2 [V,Ti]O2 [Ti,Sn]O2 [Ru,Ir]O2 "
-    "[Zn,Mg]O [Mg,Zn]O [Zn,Co]O [Zn,Mn]O [Zn,Al]O [Zn,Cd]O [Ni,Li]O [Li,Ni]O [Ni,Mg]O "
-    "[Mg,Fe]O [Fe,Mg]O [Mg,Ni]O [Mg,Fe]SiO3 [Mg,Fe]2SiO4 [Fe,Mg]2SiO4 "
-    "[Mg,Fe]2Si2O6 [In,Ga]2O3 [Ga,In]2O3 [Al,Ga]2O3 [Ga,Al]2O3 [Fe,Cr]2O3 [Fe,Al]2O3 "
-    "[In,Sn]2O3 [Ni,Zn]Fe2O4 [Co,Zn]Fe2O4 Co[Fe,Mn]2O4 "
+    "[Ti,Nb]O2 [Ti,V]O2 [Ti,Co]O2 [V,W]O2 [V,Ti]O2 [Ti,Sn]O2 [Ru,Ir]O2 [Zn,Mg]O [Mg,Zn]O "
+    "[Zn,Co]O [Zn,Mn]O [Zn,Al]O [Zn,Cd]O [Ni,Li]O [Li,Ni]O [Ni,Mg]O [Mg,Fe]O [Fe,Mg]O [Mg,Ni]O "
+    "[Mg,Fe]SiO3 [Mg,Fe]2SiO4 [Fe,Mg]2SiO4 [Mg,Fe]2Si2O6 [In,Ga]2O3 [Ga,In]2O3 [Al,Ga]2O3 "
+    "[Ga,Al]2O3 [Fe,Cr]2O3 [Fe,Al]2O3 [In,Sn]2O3 [Ni,Zn]Fe2O4 [Co,Zn]Fe2O4 Co[Fe,Mn]2O4 "
     "[Y,Bi]3Fe5O12 [La,Sr]2CuO4 [La,Ba]2CuO4 [Nd,Ce]2CuO4 [Pr,Ce]2CuO4 [La,Sr]2NiO4 [Sr,La]2IrO4 "
     "[Ca,Sr]2RuO4 "
     # Halide perovskites.
     "CsPb[Br,I]3 CsPb[I,Br]3 CsPb[Br,Cl]3 CsPb[Cl,Br]3 Cs[Pb,Sn]I3 Cs[Sn,Pb]I3 Cs[Pb,Sn]Br3 "
-    ""
     # Chalcogenides.
-    "Cu[In,Ga]Se2 Cu[In,Ga]S2 [Mo,W]S2 [W,Mo]S2 [Mo,W]Se2 [W,Mo]Se2 [Mo,W]Te2 "
-    "Mo[S,Se]2 Mo[Se,S]2 W[S,Se]2 W[Se,S]2 Mo[Se,Te]2 Mo[Te,Se]2 W[Te,Se]2 "
-    "Nb[Se,S]2 Ta[S,Se]2 Ti[Se,S]2 Hf[S,Se]2 Sn[S,Se]2 Pt[Se,Te]2 "
-    "Fe[Se,Te] Fe[Te,Se] [Bi,Sb]2Te3 [Sb,Bi]2Te3 Bi2[Te,Se]3=Bi2Te2Se Bi2[Se,Te]3=Bi2Se2Te "
-    "Mn[Bi,Sb]2Te4 [Pb,Sn]Te [Sn,Pb]Te [Pb,Sn]Se Pb[S,Se] Pb[Se,Te] Pb[Te,Se] Sn[Se,Te] Sn[S,Se] "
-    "[Ge,Sn]Te [Ge,Mn]Te [Sn,Mn]Te [Hg,Cd]Te [Cd,Hg]Te [Cd,Zn]Te [Zn,Cd]Te "
-    "[Cd,Zn]Se [Zn,Cd]Se [Cd,Zn]S [Zn,Cd]S [Cd,Mn]Te [Zn,Mn]Te [Zn,Mn]Se "
-    "Cd[Se,Te] Zn[S,Se] Zn[Se,Te] Zn[O,S] "
-    "Ga[S,Se] In2[Se,S]3 Sb2[S,Se]3 [Eu,Gd]O "
+    "Cu[In,Ga]Se2 Cu[In,Ga]S2 [Mo,W]S2 [W,Mo]S2 [Mo,W]Se2 [W,Mo]Se2 [Mo,W]Te2 Mo[S,Se]2 "
+    "Mo[Se,S]2 W[S,Se]2 W[Se,S]2 Mo[Se,Te]2 Mo[Te,Se]2 W[Te,Se]2 Nb[Se,S]2 Ta[S,Se]2 Ti[Se,S]2 "
+    "Hf[S,Se]2 Sn[S,Se]2 Pt[Se,Te]2 Fe[Se,Te] Fe[Te,Se] [Bi,Sb]2Te3 [Sb,Bi]2Te3 "
+    "Bi2[Te,Se]3=Bi2Te2Se Bi2[Se,Te]3=Bi2Se2Te Mn[Bi,Sb]2Te4 [Pb,Sn]Te [Sn,Pb]Te [Pb,Sn]Se "
+    "Pb[S,Se] Pb[Se,Te] Pb[Te,Se] Sn[Se,Te] Sn[S,Se] [Ge,Sn]Te [Ge,Mn]Te [Sn,Mn]Te [Hg,Cd]Te "
+    "[Cd,Hg]Te [Cd,Zn]Te [Zn,Cd]Te [Cd,Zn]Se [Zn,Cd]Se [Cd,Zn]S [Zn,Cd]S [Cd,Mn]Te [Zn,Mn]Te "
+    "[Zn,Mn]Se Cd[Se,Te] Zn[S,Se] Zn[Se,Te] Zn[O,S] Ga[S,Se] In2[Se,S]3 Sb2[S,Se]3 [Eu,Gd]O "
     # Nitrides, phosphides, arsenides, antimonides and alloys of group 14.
     "[Al,Ga]As [Ga,Al]As [In,Ga]As [Ga,In]As [Al,In]As [In,Al]As [Ga,Mn]As [In,Mn]As [Al,Ga]N "
-    "[Ga,Al]N [In,Ga]N [Ga,In]N [Al,In]N [In,Al]N [Al,Sc]N [Sc,Al]N [Al,B]N "
-    "[Ga,Mn]N [Ti,Al]N [Al,Ti]N [Cr,Al]N [Ti,Zr]N Ti[C,N] [In,Ga]P [Ga,In]P "
-    "[Al,Ga]P [In,Ga]Sb [Ga,In]Sb [Al,Ga]Sb [In,Al]Sb Ga[As,N] Ga[As,P] "
-    "Ga[As,Sb] Ga[As,Bi] In[As,Sb] In[As,P] In[As,Bi] "
-    "[Si,Ge] [Ge,Si] [Ge,Sn] [Si,C] [Bi,Sb] "
-    "Mg2[Si,Sn] Mg2[Si,Ge] Mg3[Sb,Bi]2 [Ba,K]Fe2As2 Ba[Fe,Co]2As2 Ba[Fe,Ni]2As2 "
-    "BaFe2[As,P]2 LaFeAs[O,F] SmFeAs[O,F] NdFeAs[O,F] "
-    "[Ti,Zr]NiSn [Zr,Hf]NiSn [Hf,Zr]NiSn [Ti,Hf]NiSn Zr[Co,Fe]Sb "
-    "Co2[Fe,Mn]Si Co2[Mn,Fe]Si Co2Fe[Al,Si] "
+    "[Ga,Al]N [In,Ga]N [Ga,In]N [Al,In]N [In,Al]N [Al,Sc]N [Sc,Al]N [Al,B]N [Ga,Mn]N [Ti,Al]N "
+    "[Al,Ti]N [Cr,Al]N [Ti,Zr]N Ti[C,N] [In,Ga]P [Ga,In]P [Al,Ga]P [In,Ga]Sb [Ga,In]Sb [Al,Ga]Sb "
+    "[In,Al]Sb Ga[As,N] Ga[As,P] Ga[As,Sb] Ga[As,Bi] In[As,Sb] In[As,P] In[As,Bi] [Si,Ge] "
+    "[Ge,Si] [Ge,Sn] [Si,C] [Bi,Sb] Mg2[Si,Sn] Mg2[Si,Ge] Mg3[Sb,Bi]2 [Ba,K]Fe2As2 Ba[Fe,Co]2As2 "
+    "Ba[Fe,Ni]2As2 BaFe2[As,P]2 LaFeAs[O,F] SmFeAs[O,F] NdFeAs[O,F] [Ti,Zr]NiSn [Zr,Hf]NiSn "
+    "[Hf,Zr]NiSn [Ti,Hf]NiSn Zr[Co,Fe]Sb Co2[Fe,Mn]Si Co2[Mn,Fe]Si Co2Fe[Al,Si] "
     # Alloys, carbides and borides of metals.
-    "[Fe,Co] [Co,Fe] [Fe,Ni] [Ni,Fe] [Fe,Cr] [Fe,Al] [Fe,Si] [Fe,Pt] [Fe,Pd] [Fe,Rh] [Fe,Mn] [Fe,Ga] "
-    "[Fe,V] [Co,Pt] [Co,Ni] [Ni,Co] [Ni,Cu] [Cu,Ni] [Ni,Cr] [Ni,Ti] [Ni,Al] [Cu,Au] "
-    "[Au,Cu] [Cu,Zn] [Cu,Pd] [Ag,Au] [Ag,Pd] [Pd,Au] [Pt,Ni] [Pt,Co] "
-    "[Pt,Ru] [Ti,Al] [Ti,Nb] [Ti,V] [Ti,Mo] [Ti,Zr] [Zr,Nb] [Mo,W] "
-    "[W,Re] [W,Ta] [V,Cr] [U,Zr] [U,Mo] [Mg,Al] [Mg,Li] [Al,Cu] "
-    "[Al,Sc] [Fe,Co]Si [Mn,Fe]Si [Mn,Fe]Ge [Mg,Al]B2 "
-    "[Hf,Ta]C [Ta,Hf]C Mg[B,C]2"
+    "[Fe,Co] [Co,Fe] [Fe,Ni] [Ni,Fe] [Fe,Cr] [Fe,Al] [Fe,Si] [Fe,Pt] [Fe,Pd] [Fe,Rh] [Fe,Mn] "
+    "[Fe,Ga] [Fe,V] [Co,Pt] [Co,Ni] [Ni,Co] [Ni,Cu] [Cu,Ni] [Ni,Cr] [Ni,Ti] [Ni,Al] [Cu,Au] "
+    "[Au,Cu] [Cu,Zn] [Cu,Pd] [Ag,Au] [Ag,Pd] [Pd,Au] [Pt,Ni] [Pt,Co] [Pt,Ru] [Ti,Al] [Ti,Nb] "
+    "[Ti,V] [Ti,Mo] [Ti,Zr] [Zr,Nb] [Mo,W] [W,Re] [W,Ta] [V,Cr] [U,Zr] [U,Mo] [Mg,Al] [Mg,Li] "
+    "[Al,Cu] [Al,Sc] [Fe,Co]Si [Mn,Fe]Si [Mn,Fe]Ge [Mg,Al]B2 [Hf,Ta]C [Ta,Hf]C Mg[B,C]2"
 ).split()
 
 # Systems with one element that is there only in part.
@@ -98,8 +88,8 @@ _PARTLY: Final = {
 _OPEN_END: Final = (
     "MoO WO TiO VO NbO TaO CrO MnO FeO CoO NiO CuO ZnO CeO PrO HfO ZrO AlO SiO GaO InO SnO GeO PdO "
     "PtO RuO IrO UO YO LaO MgO AgO BiO SiN TiN NbN CN BN AlN CrN GaN ZrN HfN FeN TaN WN SiC TiC "
-    "MoS WS CuS FeS NiS CoS SnS MoSe FeSe CuSe PdH TiH ZrH MgH LaH NbH YH FeO LiPON SiCN SiOC NiFeO "
-    "CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO"
+    "MoS WS CuS FeS NiS CoS SnS MoSe FeSe CuSe PdH TiH ZrH MgH LaH NbH YH FeO LiPON SiCN SiOC "
+    "NiFeO CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO"
 ).split()
 _REDUCED: Final = (
     "CeO2 TiO2 WO3 MoO3 ZrO2 HfO2 UO2 V2O5 SnO2 In2O3 VO2 MnO2 ZnO NiO SrTiO3 BaTiO3 BaSnO3 LaMnO3 "

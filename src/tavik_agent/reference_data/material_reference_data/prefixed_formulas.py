@@ -22,7 +22,8 @@ _PHASES: Final = {
     "GeTe Sb FeSi2 CsPbI3 CoV2O6 CuV2O7 AlF3 NaFeO2 Ag2S SnS ZnP2 As2Te3 CrPO4 LiAlO2 GaN",
     "beta": "Ga2O3 MnO2 Si3N4 SiO2 FeSi2 Ta2O5 In2S3 PbO WO3 Bi2O3 Ag2Se Li3PS4 CuI AgVO3 NiOOH "
     "Al2O3 SiC Cu2Se Zn4Sb3 ZrNCl Ag2S BaB2O4 UH3 GeS2 CsPbI3 Ag2Te",
-    "gamma": "Fe2O3 Al2O3 InSe Ga2O3 LiAlO2 WO3 CuI Bi2O3 MnO2 CsPbI3 Li3PO4 FeOOH NiOOH Si3N4 GeSe",
+    "gamma": "Fe2O3 Al2O3 InSe Ga2O3 LiAlO2 WO3 CuI Bi2O3 MnO2 CsPbI3 Li3PO4 FeOOH NiOOH "
+    "Si3N4 GeSe",
     "delta": "Bi2O3 MnO2 CsPbI3 Al2O3 Ta2O5 NbN",
     "epsilon": "Ga2O3 Fe2O3 GaSe WO3 Fe3N",
     "kappa": "Ga2O3 Al2O3",

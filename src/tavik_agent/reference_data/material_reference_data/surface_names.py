@@ -97,9 +97,12 @@ _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
 # Dopants that are written before silicon, germanium and their like.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
 _ACTIVATORS: Final = "ce nd eu er yb tm tb pr dy ho sm mn cr ti fe co cu".split()
+_LASER_CRYSTALS: Final = (
+    "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS LiNbO3 SrTiO3 BaTiO3 YAlO3 "
+    "LiYF4 NaYF4 MgAl2O4 GaN ZnSe CeO2"
+).split()
 _CRYSTALS: Final = {
-    **{f.lower(): f for f in "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS".split()},
-    **{f.lower(): f for f in "LiNbO3 SrTiO3 BaTiO3 YAlO3 LiYF4 NaYF4 MgAl2O4 GaN ZnSe CeO2".split()},
+    **{formula.lower(): formula for formula in _LASER_CRYSTALS},
     "yag": "Y3Al5O12", "luag": "Lu3Al5O12", "sapphire": "Al2O3",
 }  # fmt: skip
 # Hosts by symbol and by name, with the words before which they are hosts.

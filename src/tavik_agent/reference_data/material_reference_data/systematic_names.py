@@ -3,8 +3,9 @@
 Meaning: a lower-case name and the formula that it spells out.
 Criterion: the name has a counted prefix ("lutetium trihydride", "tantalum pentoxide"), or names an
 oxo anion whose compound with that metal has one common composition ("nickel ferrite", "terbium
-manganite"). With elements of group 13 and 15 "tri" before a chalcogen counts for two atoms (antimony
-trisulfide is Sb2S3), and so do "pent" with group 5 and 15.
+manganite"). With elements of group 13 and 15 "tri" before a chalcogen counts for two atoms
+(antimony trisulfide is Sb2S3), and so do "pent" with group 5 and 15 and "tri" in the oxides of the
+rare earths.
 Sources: Nomenclature of Inorganic Chemistry (IUPAC Recommendations 2005), stoichiometric names; CRC
 Handbook of Chemistry and Physics, 97th edition (2016), for the compositions of the salts.
 Left out: metals with several such salts (magnesium silicate stands with the open names; barium and

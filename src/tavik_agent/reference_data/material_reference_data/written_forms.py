@@ -1,8 +1,8 @@
 """The forms in which names and formulas stand in text.
 
-A phrase is found only where blanks or the ends of the text stand on both sides of it. So "(silicon)"
-and "Fe$_2$O$_3$," are found only if rows hold them with what touches them. The tables list each
-name and formula once, in plain form; the functions of this file make the other forms.
+A phrase is found only where blanks or the ends of the text stand on both sides of it. So
+"(silicon)" and "Fe$_2$O$_3$," are found only if rows hold them with what touches them. The tables
+list each name and formula once, in plain form; the functions of this file make the other forms.
 
 Sources: none needed. Which forms are made was chosen on titles and first sentences of forum threads
 and papers; each form costs a row for every phrase, so the rare ones are left out. In capitals and
