@@ -142,7 +142,7 @@ def test_no_spelling_stands_for_two_formulas():
 @pytest.mark.parametrize(
     "form",
     [
-        *("fe₂o₃", "fe$_2$o$_3$", "fe$_2$o$_3$,", "fe_2o_3", "fe$_{2}$o$_{3}$", "(fe₂o₃)"),
+        *("fe₂o₃", "fe$_2$o$_3$", "fe$_2$o$_3$,", "fe_2o_3", "fe$_{2}$o$_{3}$", "fe₂o₃,"),
         *("fe<sub>2</sub>o<sub>3</sub>", "α-fe2o3", "alpha-fe₂o₃", "fe2o3.", "(hematite)"),
     ],
 )

@@ -19,7 +19,7 @@ from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
 from .prefixed_formulas import PREFIXED_FORMULAS
 from .prototype_names import PROTOTYPE_NAMES
-from .surface_names import SUBSTRATE_NAMES, SURFACE_NAMES, UNDER_GRAPHENE
+from .surface_names import ON_OXIDES, SUBSTRATE_NAMES, SURFACE_NAMES, UNDER_GRAPHENE
 from .systematic_names import SYSTEMATIC_NAMES
 from .written_forms import (
     alone,
@@ -48,7 +48,7 @@ GROUPS: Final = (
     # Formulas as people type them.
     (BRACKETED_FORMULAS, in_sentences),
     (MIXED_CRYSTALS, alone),
-    (OPEN_FORMULAS, before_comma),
+    (OPEN_FORMULAS, alone),
     (PREFIXED_FORMULAS, before_comma),
     (FORMULAS_IN_CONTEXT, in_sentences),
     (WRITTEN_FORMULAS, as_formula),
@@ -60,6 +60,7 @@ GROUPS: Final = (
     # Supports, faces, hosts; then what is adsorbed on them.
     (SUBSTRATE_NAMES, as_name),
     (UNDER_GRAPHENE, before_comma),
+    (ON_OXIDES, alone),
     (SURFACE_NAMES, before_comma),
     (MOLECULE_NAMES, as_name),
     (MOLECULE_FORMULAS, as_subscripts),

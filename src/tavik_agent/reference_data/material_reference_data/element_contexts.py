@@ -18,6 +18,7 @@ from typing import Final
 
 from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
 from .written_forms import (
+    alone,
     as_anion,
     as_element_name,
     before_comma,
@@ -55,6 +56,11 @@ _HYPHENS: Final = (
 )  # fmt: skip
 _DROPPED: Final = (*_NOTATION, "In", "As", "Be", "Re", "Pa", "Am")
 
+# Alloys named by two symbols of which one is dropped; both orders make rows.
+_ALLOYS: Final = (
+    "V Ti;V Cr;V Fe;V Al;V Nb;V W;U Mo;U Zr;U Nb;U Ti;U Pu;K Na;In Sn;In Ga;In Ag;In Sb;Be Cu;"
+    "Be Al;Re W;Re Mo;Re Ni;Re Ta;Re Os;Tc Mo;Tc Ru"
+)
 # Hosts in which V and U are solutes; "in the" and "in a" would make volts of them.
 _SOLUTES: Final = ("V", "U")
 _SOLVENTS: Final = "w tungsten fe iron ti titanium cr chromium zr zirconium nb niobium bcc".split()
@@ -189,6 +195,10 @@ def _contexts() -> Iterable[tuple[str, str]]:
         yield from ((around.format(symbol.lower()), symbol) for around in _HYPHENS)
     for symbol in _SOLUTES:
         yield from ((f"{symbol.lower()} in {solvent}", symbol) for solvent in _SOLVENTS)
+    for alloy in _ALLOYS.split(";"):
+        symbol, partner = alloy.split()
+        yield f"{symbol}-{partner}".lower(), symbol
+        yield f"{partner}-{symbol}".lower(), symbol
     for oxide in _WET:
         yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
         yield f"water/{oxide}", "H"
@@ -245,5 +255,5 @@ ELEMENT_NAME_ALIASES: Final[Mapping[str, str]] = in_forms(
     (HEAVIEST_NAMES, in_sentences),
     (ANION_NAMES, as_anion),
     (CONTEXTS, before_comma),
-    (ANION_PLURALS, before_comma),
+    (ANION_PLURALS, alone),
 )

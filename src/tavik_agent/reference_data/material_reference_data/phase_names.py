@@ -125,6 +125,8 @@ PHASE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "lsmo": "La2SrMn3O9",
         "ysz": "ZrO2",
         "igzo": "InGaZnO4",
+        "ti-6al-4v": "TiAlV",
+        "ti6al4v": "TiAlV",
         "hzo": "HfZrO4",
         "lsco": "LaSrCuO4",
         "lscf": "La3Sr2CoFe4O15",

@@ -11,7 +11,7 @@ Left out: prefixes in capitals without subscripts, which the formula scan passes
 from collections.abc import Iterator, Mapping
 from typing import Final
 
-from .written_forms import as_subscripts, first_of_each
+from .written_forms import as_plain_subscripts, first_of_each
 
 _GREEK: Final = {
     "alpha": "α", "beta": "β", "gamma": "γ", "delta": "δ", "epsilon": "ε", "kappa": "κ",
@@ -51,7 +51,7 @@ def _prefixed() -> Iterator[tuple[str, str]]:
 
 def _spellings(prefixes: tuple[str, ...], formula: str) -> Iterator[tuple[str, str]]:
     plain = formula.lower()
-    for written in (plain, *as_subscripts(plain)[::4]):
+    for written in (plain, *as_plain_subscripts(plain)):
         yield from ((f"{prefix}-{written}", formula) for prefix in prefixes)
 
 

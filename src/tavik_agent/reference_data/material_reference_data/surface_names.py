@@ -16,7 +16,7 @@ from collections.abc import Iterator, Mapping
 from types import MappingProxyType
 from typing import Final
 
-from .written_forms import as_subscripts, first_of_each
+from .written_forms import as_plain_subscripts, first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
 # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
@@ -64,7 +64,7 @@ _UNDER_GRAPHENE: Final = (
 
 # Faces of metals by structure, those of most surface work first.
 _FACES: Final = {
-    "fcc": "111 100 110 001 211 311 331 210 221 310 533 553 755",
+    "fcc": "111 100 110 001 211 311 331 210 553",
     "bcc": "110 100 001 111 211 112 310",
     "hcp": "0001 10-10 11-20 10-11 10-12 001",
 }
@@ -118,9 +118,8 @@ _METAL_NAMES: Final = {
 }  # fmt: skip
 _HOST_NAMES: Final = {"silicon": "Si", "germanium": "Ge", **_METAL_NAMES}
 _AS_SURFACE: Final = (
-    "surface surfaces slab slabs substrate substrates cluster clusters nanocluster nanoclusters "
-    "nanoparticle nanoparticles electrode electrodes step steps film films nanowire nanowires "
-    "crystal crystals catalyst catalysts"
+    "surface surfaces slab slabs cluster clusters nanoparticle nanoparticles substrate electrode "
+    "electrodes film films nanocluster nanoclusters catalyst"
 ).split()
 _SURFACE_SYMBOLS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe W Mo Si Ge Al Ti Mg Zn Nb Ta Cr".split()
 _IN_STRUCTURES: Final = {
@@ -156,7 +155,7 @@ def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
         for number, face in enumerate(indices.split()):
             for phrase in _styles(solid, face, rare=number > 3):
                 yield phrase, solid
-            for written in as_subscripts(solid.lower())[::4]:
+            for written in as_plain_subscripts(solid.lower()):
                 yield f"{written}({face})", solid
 
 
@@ -199,7 +198,7 @@ def _metal_hosts() -> Iterator[tuple[str, str]]:
         for noun in _AS_SURFACE:
             yield f"{name} {noun}", symbol
     for symbol in _SURFACE_SYMBOLS:
-        for noun in _AS_SURFACE[:12]:
+        for noun in _AS_SURFACE[:9]:
             yield f"{symbol.lower()} {noun}", symbol
     for symbol in _HOSTS_ON:
         yield f"on {symbol.lower()}", symbol
@@ -230,12 +229,13 @@ def _metal_faces() -> Iterator[tuple[str, str]]:
                 yield from _adsorbed({metal: _FACES[structure]})
 
 
+# Oxides and crystals behind a slash or a colon.
+ON_OXIDES: Final[Mapping[str, str]] = first_of_each([*_wet_supports(), *_colon_hosts()])
+
 # Faces of compounds, semiconductor hosts, faces of metals, metal hosts.
 SURFACE_NAMES: Final[Mapping[str, str]] = first_of_each(
     [
         *_faces(_COMPOUND_FACES),
-        *_wet_supports(),
-        *_colon_hosts(),
         *_hosts(),
         *_faces(_SEMICONDUCTOR_FACES),
         *_metal_faces(),

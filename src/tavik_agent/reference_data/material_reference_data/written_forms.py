@@ -80,36 +80,43 @@ def as_element_name(name: str) -> tuple[str, ...]:
     )  # fmt: skip
 
 
-def as_subscripts(formula: str) -> tuple[str, ...]:
-    """A lower-case formula with its counts as subscripts: Unicode, LaTeX, underscore, HTML."""
+def _marked(formula: str) -> str:
+    return formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
+
+
+def as_plain_subscripts(formula: str) -> tuple[str, ...]:
+    """A lower-case formula with its counts as subscripts, in Unicode and in LaTeX."""
     characters = formula.translate(_SUBSCRIPTS)
     if characters == formula:
         return ()
-    marked = formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
-    latex = marked.replace(_OPEN, "$_").replace(_CLOSE, "$")
+    return (characters, _marked(formula).replace(_OPEN, "$_").replace(_CLOSE, "$"))
+
+
+def as_subscripts(formula: str) -> tuple[str, ...]:
+    """As above before marks and in brackets, and with underscores and HTML."""
+    if formula.isalpha():
+        return ()
+    characters, latex = as_plain_subscripts(formula)
+    marked = _marked(formula)
     return (
-        characters, characters + ",", f"({characters})", latex, latex + ",", latex + ".",
-        f"({latex})", marked.replace(_OPEN, "$_{").replace(_CLOSE, "}$"),
+        characters, characters + ",", latex, latex + ",", latex + ".", latex + ":", f"({latex})",
+        marked.replace(_OPEN, "$_{").replace(_CLOSE, "}$"),
         marked.replace(_OPEN, "_").replace(_CLOSE, ""),
         marked.replace(_OPEN, "<sub").replace(_CLOSE, "</sub>").replace("<sub", "<sub>"),
     )  # fmt: skip
 
 
 def as_formula(formula: str) -> tuple[str, ...]:
-    """A lower-case formula before the marks of a sentence, and with subscripts."""
+    """A lower-case formula before the marks of a sentence and a bracket, and with subscripts."""
     return (
-        formula, formula + ",", formula + ".",
+        formula, formula + ",", formula + ".", formula + ":", formula + "?", formula + ")",
         *as_subscripts(formula),
     )  # fmt: skip
 
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula in plain form, and with subscripts in Unicode and LaTeX."""
-    characters = formula.translate(_SUBSCRIPTS)
-    if characters == formula:
-        return (formula,)
-    marked = formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
-    return (formula, characters, marked.replace(_OPEN, "$_").replace(_CLOSE, "$"))
+    return (formula, *as_plain_subscripts(formula))
 
 
 def in_forms(
