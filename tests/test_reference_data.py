@@ -202,11 +202,11 @@ def test_acronyms_swallow_no_formula_but_the_deliberate_ones():
 @pytest.mark.parametrize(
     ("words", "dropped"),
     [
-        ("KCW SFC WCC NVP UFF FSSH OC20 OC22 LA0 LA1 BA0 GA1 TC TS", True),
+        ("KCW SFC WCC NVP UFF FSSH OC20 OC22 LA0 LA1 BA0 GA1 LA2 MG2 TC TS", True),
         # Known to chemistry, or an element or compound in another mixture of letters.
         ("KOH HCN BN CO VN UC WS BP H2O CO2 KF YVO OH C60", False),
         ("COS NIO PBS CUO HF SI COSI NISI SNS INP BI OS SNO", False),
-        ("PT1 AU1 FE2O3 LA2 KC8", False),
+        ("PT1 AU1 FE2O3 MN2 HO2 YB2 BI3 KC8", False),
     ],
 )
 def test_acronyms_by_rule(words, dropped):

@@ -108,7 +108,13 @@ BRACKETED_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
         "lini0.8mn0.1co0.1o2": "Li10Ni8MnCoO20",
         "lini0.8co0.1mn0.1o2": "Li10Ni8MnCoO20",
         "li0.5coo2": "LiCo2O4",
-        # Sites of three elements.
+        # Ordered perovskites, and sites of three elements.
+        "pb(mg1/3nb2/3)o3": "Pb3MgNb2O9",
+        "pb(zn1/3nb2/3)o3": "Pb3ZnNb2O9",
+        "pb(sc1/2nb1/2)o3": "Pb2ScNbO6",
+        "pb(fe1/2nb1/2)o3": "Pb2FeNbO6",
+        "ba(zn1/3ta2/3)o3": "Ba3ZnTa2O9",
+        "ba(mg1/3ta2/3)o3": "Ba3MgTa2O9",
         "lini0.8co0.15al0.05o2": "Li20Ni16Co3AlO40",
         "li1.2mn0.54ni0.13co0.13o2": "Li9Mn4NiCoO15",
         "li1.2ni0.2mn0.6o2": "Li6NiMn3O10",

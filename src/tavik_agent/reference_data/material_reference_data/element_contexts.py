@@ -54,7 +54,12 @@ _HYPHENS: Final = (
     "{}-doped", "{}-rich", "{}-poor", "{}-terminated", "{}-substituted", "{}-intercalated",
     "{}-containing", "{}-codoped", "{}-based",
 )  # fmt: skip
-_DROPPED: Final = (*_NOTATION, "In", "As", "Be", "Re", "Pa", "Am")
+_DROPPED: Final = (*_NOTATION, "In", "As", "Be")
+# Ions whose symbol and charge would read as a formula; see the acronyms, which drop them.
+IONS: Final = (
+    "Mg2 Ca2 Sr2 Ba2 Zn2 Cd2 La2 La3 Ce3 Ce4 Pr2 Pr3 Nd2 Nd3 Sm2 Sm3 Eu2 Eu3 Gd2 Gd3 Tb3 Dy3 Er3 "
+    "Tm3 Lu3 Y2 Y3 Sc3 Al3 Ga3 In3 Ti4 Zr4 Hf4 Th4 U4 Mn3 Mn4 Cr3 Ca3 Sr3 Ba3 Sr4"
+).split()
 
 # Alloys named by two symbols of which one is dropped; both orders make rows.
 _ALLOYS: Final = (
@@ -202,6 +207,10 @@ def _contexts() -> Iterable[tuple[str, str]]:
     for oxide in _WET:
         yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
         yield f"water/{oxide}", "H"
+    for symbol in ("Re", "Pa", "Am"):
+        yield f"{symbol.lower()}-doped", symbol
+    for ion in IONS:
+        yield from ((ion.lower() + charge, ion[:-1]) for charge in ("+", "+-doped", "+-activated"))
     for structure, symbols in _STRUCTURES.items():
         for symbol in symbols.split():
             yield f"{structure} {symbol.lower()}", symbol
@@ -227,8 +236,8 @@ _FORM_COMPOUNDS: Final = (
     "scandium yttrium lanthanum cerium praseodymium neodymium samarium europium gadolinium terbium "
     "dysprosium holmium erbium thulium ytterbium lutetium thorium uranium neptunium plutonium "
     "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten manganese "
-    "rhenium iron ruthenium osmium cobalt rhodium iridium nickel palladium platinum copper silver "
-    "gold zinc cadmium mercury boron aluminum aluminium gallium indium thallium silicon germanium "
+    "rhenium iron ruthenium cobalt iridium nickel palladium platinum copper silver "
+    "gold zinc cadmium boron aluminum aluminium gallium indium thallium silicon germanium "
     "tin lead bismuth sulfur nitrogen"
 ).split()
 _CLASSES: Final = (

@@ -81,7 +81,8 @@ _PARTLY: Final = {
     "FeTaS2": "Fe", "FeNbS2": "Fe", "CoNbS2": "Co", "CrNbS2": "Cr", "LiFeAs": "Li",
     "CeFe4Sb12": "Ce", "YbCo4Sb12": "Yb", "BaCo4Sb12": "Ba", "InCo4Sb12": "In", "FeO": "Fe",
     "NiO": "Ni", "CoO": "Co", "MnO": "Mn", "FeS": "Fe", "TiO2": "Ti", "UO2": "U", "CuAlO2": "Cu",
-    "PdH": "H", "NbH": "H", "TiH2": "H", "ZrH2": "H", "LaMnO3": "La", "CrTe": "Cr",
+    "Cu2Se": "Cu", "Cu2S": "Cu", "Cu2Te": "Cu", "Ag2Se": "Ag", "Ag2S": "Ag", "FeTe": "Fe",
+    "FeSe": "Fe", "PdH": "H", "NbH": "H", "TiH2": "H", "ZrH2": "H", "LaMnO3": "La", "CrTe": "Cr",
 }  # fmt: skip
 
 # Compounds whose last element is open: MoOx, SiNx, CeO2-x, YBa2Cu3O7-δ.
@@ -101,6 +102,7 @@ _TERMINATED: Final = "Ti3C2 Ti2C Nb2C V2C Mo2C Nb4C3 Ta4C3 Ti3CN Zr3C2 Mo2TiC2 T
 
 # Alloys of two elements that are written with tenths, too.
 _SEMICONDUCTING: Final = ("SiGe", "GeSi", "GeSn", "BiSb", "SiC")
+_SHARES: Final = ("x", "1-x", "1−x", "1+x", "1+y", "$_x$", "0.5", "0.75")
 _HALVES: Final = (("0.5", "0.5"), ("0.75", "0.25"), ("0.25", "0.75"))
 _TENTHS: Final = tuple((f"0.{n}", f"0.{10 - n}") for n in (9, 8, 7, 3, 2, 1))
 _OTHERS: Final = (
@@ -148,9 +150,10 @@ def _on_site(pattern: str) -> Iterator[tuple[str, str]]:
 def _partly() -> Iterator[tuple[str, str]]:
     for formula, symbol in _PARTLY.items():
         start, end = formula.split(symbol, maxsplit=1)
-        start, element, end = start.lower(), symbol.lower(), end.lstrip("2").lower()
-        for share in ("x", "1-x", "1−x", "$_x$", "0.5", "0.75"):
-            yield f"{start}{element}{share}{end}", formula
+        start, element = start.lower(), symbol.lower()
+        shares = ("2-x", "2−x", "2-δ", "x", "1.8", "1.9", "1.95") if end[:1] == "2" else _SHARES
+        for share in shares:
+            yield f"{start}{element}{share}{end.lstrip('2').lower()}", formula
 
 
 def _open_ended() -> Iterator[tuple[str, str]]:

@@ -86,7 +86,7 @@ _COMPOUND_FACES: Final = {
     "FeS2": "100", "Al2O3": "0001", "MgO": "001 100 111 110", "CaO": "001", "SiO2": "0001",
     "CaF2": "111", "NaCl": "001 100", "LaAlO3": "001", "SiC": "0001", "CaCO3": "10-14",
 }  # fmt: skip
-_ADSORBATES: Final = "h h2 o o2 n n2 co co2 no oh h2o nh3 ch4 c6h6 so2 h2s no2".split()
+_ADSORBATES: Final = "h h2 o o2 n2 co co2 no oh h2o nh3 ch4".split()
 # Oxides and layers that molecules are put on without naming the face.
 _SUPPORTS: Final = (
     "TiO2 CeO2 MgO Al2O3 ZnO Fe2O3 Fe3O4 SiO2 In2O3 SnO2 NiO Co3O4 ZrO2 MoS2 SrTiO3 Cu2O CuO WO3"
@@ -96,7 +96,7 @@ _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
 
 # Dopants that are written before silicon, germanium and their like.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
-_ACTIVATORS: Final = "ce nd eu er yb tm tb pr dy ho sm mn cr ti fe co cu".split()
+_ACTIVATORS: Final = "ce nd eu er yb tm tb pr mn cr ti fe co".split()
 _LASER_CRYSTALS: Final = (
     "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS LiNbO3 SrTiO3 BaTiO3 YAlO3 "
     "LiYF4 NaYF4 MgAl2O4 GaN ZnSe CeO2"
