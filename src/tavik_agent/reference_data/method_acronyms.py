@@ -10,8 +10,8 @@ Criterion, for what the rules make:
   is NiO), and where two of its letters are the symbol of an element that occurs in compounds;
 - such a run with a number from 17 to 29 behind it is a data set named by its year (OC20);
 - a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
-  "Li1-xCoO2"): no row, no element, rather than the metal of the piece. So is a symbol with the
-  number of its charge ("Mg2+", "La2-xSrxCuO4"); the ions are rows of the element contexts.
+  "Li1-xCoO2"): no row, no element, rather than the metal of the piece. So are those with 2
+  or 3 before a variable that are no molecule ("La2-xSrxCuO4").
 
 Criterion, for the words of the list: the word occurs in requests for calculations (methods,
 programs, notation, units, structure symbols, sentence words), some spelling of it could pass as a
@@ -40,7 +40,7 @@ from tavik_agent.material_reference_data import (
     KNOWN_ELEMENT_SYMBOLS,
     SEMICONDUCTOR_FORMULAS,
 )
-from tavik_agent.material_reference_data.element_contexts import IONS
+from tavik_agent.material_reference_data.element_contexts import FIRST_PIECES
 
 # Runs of one-letter symbols that are molecules, radicals, groups, or compounds without counts.
 # fmt: off
@@ -91,7 +91,7 @@ _SINGLE_ATOMS: Final = frozenset("Pt Pd Au Ag Rh Ir Ru Os Cu Fe Co Ni".split())
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
-    *(ion.upper() for ion in IONS),
+    *(piece.upper() for piece in FIRST_PIECES),
 ]
 
 # fmt: off

@@ -20,12 +20,14 @@ from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
 from .prefixed_formulas import PREFIXED_FORMULAS
 from .prototype_names import PROTOTYPE_NAMES
 from .surface_names import ON_OXIDES, SUBSTRATE_NAMES, SURFACE_NAMES, UNDER_GRAPHENE
-from .systematic_names import SYSTEMATIC_NAMES
+from .systematic_names import SALTS, SYSTEMATIC_NAMES
 from .written_forms import (
     alone,
     as_formula,
     as_name,
     as_rare_formula,
+    as_rare_name,
+    as_salt,
     as_subscripts,
     before_comma,
     in_forms,
@@ -43,8 +45,9 @@ GROUPS: Final = (
     (CHALCOGENIDE_NAMES, as_name),
     (PNICTIDE_HALIDE_NAMES, as_name),
     (OXIDE_NAMES, as_name),
+    (SALTS, as_salt),
     ({n: f for n, f in SYSTEMATIC_NAMES.items() if n not in _RANKED_BELOW}, in_phrases),
-    (MINERAL_NAMES, as_name),
+    (MINERAL_NAMES, as_rare_name),
     # Formulas as people type them.
     (BRACKETED_FORMULAS, in_sentences),
     (MIXED_CRYSTALS, alone),
@@ -56,7 +59,7 @@ GROUPS: Final = (
     (SUBSTRATE_FORMULAS, as_formula),
     # Names that a written formula may specify or outrank.
     (OPEN_NAMES, in_sentences),
-    (PROTOTYPE_NAMES, as_name),
+    (PROTOTYPE_NAMES, as_rare_name),
     # Supports, faces, hosts; then what is adsorbed on them.
     (SUBSTRATE_NAMES, as_name),
     (UNDER_GRAPHENE, before_comma),

@@ -17,6 +17,7 @@ from types import MappingProxyType
 from typing import Final
 
 from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
+from .systematic_names import SALTS
 from .written_forms import (
     alone,
     as_anion,
@@ -55,12 +56,10 @@ _HYPHENS: Final = (
     "{}-containing", "{}-codoped", "{}-based",
 )  # fmt: skip
 _DROPPED: Final = (*_NOTATION, "In", "As", "Be")
-# Ions whose symbol and charge would read as a formula; see the acronyms, which drop them.
-IONS: Final = (
-    "Mg2 Ca2 Sr2 Ba2 Zn2 Cd2 La2 La3 Ce3 Ce4 Pr2 Pr3 Nd2 Nd3 Sm2 Sm3 Eu2 Eu3 Gd2 Gd3 Tb3 Dy3 Er3 "
-    "Tm3 Lu3 Y2 Y3 Sc3 Al3 Ga3 In3 Ti4 Zr4 Hf4 Th4 U4 Mn3 Mn4 Cr3 Ca3 Sr3 Ba3 Sr4"
-).split()
-
+# First pieces of mixed crystals ("La2-xSrxCuO4") that the acronyms drop. As ions they come back.
+FIRST_PIECES: Final = (
+    "Mg2 Ca2 Sr2 Ba2 La2 Pr2 Nd2 Sm2 Gd2 Y2 Bi2 Sb2 La3 Ca3 Sr3 Ba3 Mn3 Sr4".split()
+)
 # Alloys named by two symbols of which one is dropped; both orders make rows.
 _ALLOYS: Final = (
     "V Ti;V Cr;V Fe;V Al;V Nb;V W;U Mo;U Zr;U Nb;U Ti;U Pu;K Na;In Sn;In Ga;In Ag;In Sb;Be Cu;"
@@ -130,6 +129,7 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
         "zinc in": "Zn",
         "zinc and": "Zn",
         "zinc surface": "Zn",
+        "silicon-based": "Si",
         "including aluminum": "Al",
         "including aluminium": "Al",
         "fe(ii)": "Fe",
@@ -209,8 +209,8 @@ def _contexts() -> Iterable[tuple[str, str]]:
         yield f"water/{oxide}", "H"
     for symbol in ("Re", "Pa", "Am"):
         yield f"{symbol.lower()}-doped", symbol
-    for ion in IONS:
-        yield from ((ion.lower() + charge, ion[:-1]) for charge in ("+", "+-doped", "+-activated"))
+    for ion in FIRST_PIECES:
+        yield f"{ion.lower()}+", ion[:-1]
     for structure, symbols in _STRUCTURES.items():
         for symbol in symbols.split():
             yield f"{structure} {symbol.lower()}", symbol
@@ -246,6 +246,28 @@ _CLASSES: Final = (
 ).split()
 
 
+# Second elements of compounds whose full name is a row only where one composition is meant. They
+# keep "vanadium phosphate" from being the metal.
+_SECOND_ELEMENTS: Final = {
+    "phosphate": "P", "phosphates": "P", "fluorophosphate": "P", "pyrophosphate": "P",
+    "thiophosphate": "P", "silicate": "Si", "silicates": "Si", "sulfate": "S", "sulfates": "S",
+    "carbonate": "C", "carbonates": "C", "nitrate": "N", "borate": "B", "borates": "B",
+    "oxynitride": "N", "oxysulfide": "S", "oxyhalide": "O", "hydroxide": "O", "hydroxides": "O",
+    "oxyhydroxide": "O", "borohydride": "H", "titanate": "Ti", "titanates": "Ti", "niobate": "Nb",
+    "tantalate": "Ta", "vanadate": "V", "vanadates": "V", "molybdate": "Mo", "tungstate": "W",
+    "ferrite": "Fe", "ferrites": "Fe", "manganite": "Mn", "manganites": "Mn", "manganate": "Mn",
+    "cobaltite": "Co", "nickelate": "Ni", "nickelates": "Ni", "cuprate": "Cu", "cuprates": "Cu",
+    "iridate": "Ir", "iridates": "Ir", "ruthenate": "Ru", "ruthenates": "Ru", "stannate": "Sn",
+    "zirconate": "Zr", "aluminate": "Al", "aluminates": "Al", "aluminides": "Al",
+    "pnictides": "As", "pnictide": "As", "germanate": "Ge", "gallate": "Ga",
+}  # fmt: skip
+_FORM_SALTS: Final = (
+    "lithium sodium potassium magnesium calcium strontium barium yttrium lanthanum cerium "
+    "neodymium samarium gadolinium titanium zirconium vanadium niobium chromium manganese iron "
+    "cobalt nickel copper zinc aluminum aluminium bismuth"
+).split()
+
+
 def _plurals() -> Iterable[tuple[str, str]]:
     """The anion of a class of compounds; the metal has a row of its own, or gets one here."""
     for name in _FORM_COMPOUNDS:
@@ -253,6 +275,14 @@ def _plurals() -> Iterable[tuple[str, str]]:
             yield f"{name} {anion}s", ANION_NAMES[anion]
     for anion in _CLASSES:
         yield f"{anion}s of", ANION_NAMES[anion]
+    for name in _FORM_SALTS:
+        for word, element in _SECOND_ELEMENTS.items():
+            if f"{name} {word}" not in SALTS:
+                yield f"{name} {word}", element
+    for name in ("cesium", "caesium", "methylammonium", "formamidinium", "rubidium"):
+        for halide in ("halide", "halides"):
+            yield f"{name} lead {halide}", "Pb"
+            yield f"{name} tin {halide}", "Sn"
 
 
 ANION_PLURALS: Final[Mapping[str, str]] = first_of_each(_plurals())

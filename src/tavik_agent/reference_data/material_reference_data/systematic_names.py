@@ -172,4 +172,5 @@ def _salts() -> Iterator[tuple[str, str]]:
             yield f"{name} {anion}", _NAMES[name] + pattern[1:]
 
 
-SYSTEMATIC_NAMES: Final[Mapping[str, str]] = first_of_each([*_salts(), *_counted()])
+SALTS: Final[Mapping[str, str]] = first_of_each(_salts())
+SYSTEMATIC_NAMES: Final[Mapping[str, str]] = first_of_each(_counted())

@@ -14,10 +14,11 @@ from collections.abc import Callable, Iterable, Mapping
 from types import MappingProxyType
 from typing import Final
 
-# What a hyphen joins to the name of an element.
+# What a hyphen joins to the name of an element that is a guest. "Based", "rich" and "ion" are not
+# here: in "iron-based superconductors" iron alone would make a metal of them.
 _JOINED: Final = (
-    "-based", "-doped", "-rich", "-terminated", "-substituted", "-containing", "-bearing",
-    "-decorated", "-intercalated", "-passivated", "-covered", "-ion", "-vacancy",
+    "-doped", "-codoped", "-terminated", "-substituted", "-decorated", "-intercalated",
+    "-passivated", "-covered", "-vacancy",
 )  # fmt: skip
 # The dashes that are typed or typeset for a hyphen: hyphen, non-breaking hyphen, en dash.
 _DASHES: Final = ("\u2010", "\u2011", "\u2013")
@@ -37,8 +38,18 @@ def as_anion(name: str) -> tuple[str, ...]:
     """The name of an anion in every form that the element before it may be found in."""
     return (
         *in_sentences(name), name + ")", name + "),", name + ").", name + '"', name + "...",
-        name + "…", name + "!",
+        name + "…", name + "!", name + "'s", name + "’s", name + "-based",
     )  # fmt: skip
+
+
+def as_salt(name: str) -> tuple[str, ...]:
+    """A name of two metals; in a form without a row it would be read as the first metal."""
+    return (name, name + ",", name + ".", name + ")", f"({name})", name + "-based")
+
+
+def as_rare_name(name: str) -> tuple[str, ...]:
+    """A name as it stands in sentences and in brackets."""
+    return (*in_sentences(name), name + ")", f"({name})")
 
 
 def before_comma(phrase: str) -> tuple[str, ...]:
@@ -59,8 +70,7 @@ def in_sentences(phrase: str) -> tuple[str, ...]:
 def as_name(name: str) -> tuple[str, ...]:
     """A name as it stands in sentences, brackets and quotation marks, with any dash in it."""
     forms = (
-        *in_sentences(name), name + ")", name + "),", name + ").",
-        "(" + name, f"({name})", f'"{name}"',
+        *in_sentences(name), name + ")", name + ").", "(" + name, f"({name})", f'"{name}"',
     )  # fmt: skip
     if "-" in name:
         return (*forms, *(name.replace("-", dash) for dash in _DASHES))
