@@ -279,6 +279,8 @@ def _plurals() -> Iterable[tuple[str, str]]:
         for word, element in _SECOND_ELEMENTS.items():
             if f"{name} {word}" not in SALTS:
                 yield f"{name} {word}", element
+        for oxide in ("oxide", "oxides"):
+            yield f"({name} {oxide})", ELEMENT_NAMES.get(name, "Zn")
     for name in ("cesium", "caesium", "methylammonium", "formamidinium", "rubidium"):
         for halide in ("halide", "halides"):
             yield f"{name} lead {halide}", "Pb"
