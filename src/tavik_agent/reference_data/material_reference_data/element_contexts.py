@@ -65,6 +65,7 @@ _ALLOYS: Final = (
     "V Ti;V Cr;V Fe;V Al;V Nb;V W;U Mo;U Zr;U Nb;U Ti;U Pu;K Na;In Sn;In Ga;In Ag;In Sb;Be Cu;"
     "Be Al;Re W;Re Mo;Re Ni;Re Ta;Re Os;Tc Mo;Tc Ru"
 )
+_UNDER_POTASSIUM: Final = "ag(111) au(111) cu(111) pt(111) al(111) ni(111) cu(100) graphene".split()
 # Hosts in which V and U are solutes; "in the" and "in a" would make volts of them.
 _SOLUTES: Final = ("V", "U")
 _SOLVENTS: Final = "w tungsten fe iron ti titanium cr chromium zr zirconium nb niobium bcc".split()
@@ -200,6 +201,8 @@ def _contexts() -> Iterable[tuple[str, str]]:
         yield from ((around.format(symbol.lower()), symbol) for around in _HYPHENS)
     for symbol in _SOLUTES:
         yield from ((f"{symbol.lower()} in {solvent}", symbol) for solvent in _SOLVENTS)
+    for surface in _UNDER_POTASSIUM:
+        yield f"k/{surface}", "K"
     for alloy in _ALLOYS.split(";"):
         symbol, partner = alloy.split()
         yield f"{symbol}-{partner}".lower(), symbol
@@ -249,21 +252,21 @@ _CLASSES: Final = (
 # Second elements of compounds whose full name is a row only where one composition is meant. They
 # keep "vanadium phosphate" from being the metal.
 _SECOND_ELEMENTS: Final = {
-    "phosphate": "P", "phosphates": "P", "fluorophosphate": "P", "pyrophosphate": "P",
+    "phosphate": "P", "phosphates": "P", "fluorophosphate": "P",
     "thiophosphate": "P", "silicate": "Si", "silicates": "Si", "sulfate": "S", "sulfates": "S",
     "carbonate": "C", "carbonates": "C", "nitrate": "N", "borate": "B", "borates": "B",
-    "oxynitride": "N", "oxysulfide": "S", "oxyhalide": "O", "hydroxide": "O", "hydroxides": "O",
+    "oxynitride": "N", "oxysulfide": "S", "hydroxide": "O", "hydroxides": "O",
     "oxyhydroxide": "O", "borohydride": "H", "titanate": "Ti", "titanates": "Ti", "niobate": "Nb",
     "tantalate": "Ta", "vanadate": "V", "vanadates": "V", "molybdate": "Mo", "tungstate": "W",
-    "ferrite": "Fe", "ferrites": "Fe", "manganite": "Mn", "manganites": "Mn", "manganate": "Mn",
+    "ferrite": "Fe", "ferrites": "Fe", "manganite": "Mn", "manganites": "Mn",
     "cobaltite": "Co", "nickelate": "Ni", "nickelates": "Ni", "cuprate": "Cu", "cuprates": "Cu",
     "iridate": "Ir", "iridates": "Ir", "ruthenate": "Ru", "ruthenates": "Ru", "stannate": "Sn",
     "zirconate": "Zr", "aluminate": "Al", "aluminates": "Al", "aluminides": "Al",
-    "pnictides": "As", "pnictide": "As", "germanate": "Ge", "gallate": "Ga",
+    "pnictides": "As", "pnictide": "As",
 }  # fmt: skip
 _FORM_SALTS: Final = (
-    "lithium sodium potassium magnesium calcium strontium barium yttrium lanthanum cerium "
-    "neodymium samarium gadolinium titanium zirconium vanadium niobium chromium manganese iron "
+    "lithium sodium potassium magnesium calcium strontium barium yttrium lanthanum "
+    "titanium zirconium vanadium niobium chromium manganese iron "
     "cobalt nickel copper zinc aluminum aluminium bismuth"
 ).split()
 

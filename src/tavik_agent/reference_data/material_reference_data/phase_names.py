@@ -23,6 +23,7 @@ PHASE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         # structure ("Si in the diamond structure"), so only contexts that leave no doubt are
         # listed.
         "graphite": "C",
+        "graphene on": "C",
         "carbon nanotube": "C",
         "carbon nanotubes": "C",
         "buckminsterfullerene": "C60",

@@ -170,7 +170,7 @@ def _wet_supports() -> Iterator[tuple[str, str]]:
     """A molecule over an oxide: co/tio2, and over the face that is mostly taken: co/tio2(110)."""
     for solid in _SUPPORTS:
         name = solid.lower()
-        for adsorbate in _ADSORBATES:
+        for adsorbate in (*_ADSORBATES, *map(str.lower, _REACTIVE_METALS)):
             yield f"{adsorbate}/{name}", solid
             if solid in _REDUCIBLE:
                 yield f"{adsorbate}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid

@@ -18,7 +18,7 @@ from typing import Final
 # here: in "iron-based superconductors" iron alone would make a metal of them.
 _JOINED: Final = (
     "-doped", "-codoped", "-terminated", "-substituted", "-decorated", "-intercalated",
-    "-passivated", "-covered", "-vacancy",
+    "-passivated", "-covered", "-vacancy", "-induced", "-deficient",
 )  # fmt: skip
 # The dashes that are typed or typeset for a hyphen: hyphen, non-breaking hyphen, en dash.
 _DASHES: Final = ("\u2010", "\u2011", "\u2013")
