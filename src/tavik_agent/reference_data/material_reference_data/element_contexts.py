@@ -293,11 +293,11 @@ def _plurals() -> Iterable[tuple[str, str]]:
 ANION_PLURALS: Final[Mapping[str, str]] = first_of_each(_plurals())
 
 # All names and contexts. Every phrase that a request holds adds its element.
-# Order: that of the species; contexts follow the names.
+# Order: that of the species, so anions last.
 ELEMENT_NAME_ALIASES: Final[Mapping[str, str]] = in_forms(
     (ELEMENT_NAMES, as_element_name),
     (HEAVIEST_NAMES, in_sentences),
-    (ANION_NAMES, as_anion),
     (CONTEXTS, before_comma),
+    (ANION_NAMES, as_anion),
     (ANION_PLURALS, alone),
 )
