@@ -147,6 +147,8 @@ _WORDS: Final = frozenset(
         "NAN", "KPA",
         # Benchmark sets and processors.
         "S22", "S66", "W4", "W1", "BH76", "FH51", "V100", "H100", "P100", "K80", "B200", "N12",
+        # Institutes and facilities that hold the symbol of an element.
+        "OSU", "UCSB", "UCSC", "USC", "ISIS", "CSNS",
         # Words in capitals of licences, mails and tables.
         "INC", "INF", "CC0", "COPY", "POP3", "NIV",
         # Deliberate exceptions: entries that equal an element symbol or a formula.
