@@ -52,7 +52,7 @@ GROUPS: Final = (
     (BRACKETED_FORMULAS, in_sentences),
     (MIXED_CRYSTALS, alone),
     (OPEN_FORMULAS, alone),
-    (PREFIXED_FORMULAS, before_comma),
+    (PREFIXED_FORMULAS, alone),
     (FORMULAS_IN_CONTEXT, in_sentences),
     (WRITTEN_FORMULAS, as_formula),
     (COMMON_FORMULAS, as_rare_formula),
@@ -62,7 +62,7 @@ GROUPS: Final = (
     (PROTOTYPE_NAMES, as_rare_name),
     # Supports, faces, hosts; then what is adsorbed on them.
     (SUBSTRATE_NAMES, as_name),
-    (UNDER_GRAPHENE, before_comma),
+    (UNDER_GRAPHENE, alone),
     (ON_OXIDES, alone),
     (SURFACE_NAMES, before_comma),
     (MOLECULE_NAMES, as_name),
