@@ -1,6 +1,7 @@
 # The commands of a working copy. Each sets up what it needs on first use, in .venv.
 #   make run [QUERY="..."]   characterize a request
 #   make test                run all tests
+#   make score [FILES="..."] how often a record is right, by field and by group
 #   make lint                formatters in check mode, static checks, types
 #   make fuzz [SECONDS=300] [SEED=...]      check random requests for that long
 #   make sanitize [SECONDS=300] [SEED=...]  all tests, then random requests, under the sanitizers
@@ -29,7 +30,7 @@ built_from := $(cpp) $(py) CMakeLists.txt pyproject.toml
 install := $(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation \
   --no-deps --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON
 
-.PHONY: run test lint fuzz endurance sanitize format bench package clean check-tools FORCE
+.PHONY: run test score lint fuzz endurance sanitize format bench package clean check-tools FORCE
 
 run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
@@ -37,13 +38,16 @@ run: check-tools $(module_ready)
 test: check-tools $(module_ready)
 	@$(bin)/python -m pytest
 
+score: check-tools $(module_ready)
+	@$(bin)/python evaluation/score.py $(FILES)
+
 lint: check-tools $(module_ready)
 	$(bin)/clang-format --dry-run --Werror $(cpp)
 	@echo $(filter %.cpp,$(cpp)) | xargs -n 4 -P 2 $(bin)/clang-tidy --quiet -p build/cp*
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
 	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py \
-	  src/tavik_agent/characterize benchmarks examples scripts
+	  src/tavik_agent/characterize benchmarks evaluation examples scripts
 	$(bin)/stubtest tavik_agent.material_characterization
 
 fuzz: check-tools $(module_ready)

@@ -1,15 +1,13 @@
-"""The tables held to the collection of requests in tests/requests, labelled by practitioners."""
+"""The tables held to the collection of labelled requests in evaluation/."""
 
-import tomllib
-from collections import Counter
+import importlib.util
+import json
 from pathlib import Path
 
 import pytest
 
-from tavik_agent import material_characterization as mc
-
-FILES = sorted((Path(__file__).parent / "requests").glob("*.toml"))
 REQUIRED = 0.99
+SCORE = Path(__file__).parents[1] / "evaluation" / "score.py"
 
 
 @pytest.fixture(autouse=True)
@@ -17,32 +15,35 @@ def _known_tables():
     """The module's own tables stay in place here."""
 
 
-def is_right(field, found, expected):
-    return set(found) == set(expected) if field == "species" else found == expected
+@pytest.fixture(scope="module")
+def scoring():
+    spec = importlib.util.spec_from_file_location("score", SCORE)
+    module = importlib.util.module_from_spec(spec)
+    spec.loader.exec_module(module)
+    return module
 
 
-def missed_fields(request):
-    inputs = {key: value for key, value in request.items() if key not in ("expect", "query")}
-    record = mc.characterize_material(step="scf", query_text=request.get("query", ""), **inputs)
-    return {
-        field: f"{record[field]!r}, not {expected!r}"
-        for field, expected in request["expect"].items()
-        if not is_right(field, record[field], expected)
-    }
-
-
-def test_score(capsys):
-    groups = [
-        item for file in FILES for item in tomllib.loads(file.read_text(encoding="utf-8")).items()
-    ]
-    requests = [(group, request) for group, rows in groups for request in rows]
-    labelled = Counter(group for group, request in requests for _ in request["expect"])
-    missed = [(group, request, missed_fields(request)) for group, request in requests]
-    wrong = Counter(group for group, _, fields in missed for _ in fields)
-    score = 1 - wrong.total() / labelled.total()
+def test_collection_is_right(scoring, capsys):
+    files = scoring.collections()
+    result = scoring.score(request for file in files for request in scoring.read(file))
     with capsys.disabled():
-        print(f"\n{len(requests)} requests, {labelled.total()} labelled fields: {score:.2%} right")
-        for group, request, fields in missed:
-            for field, difference in fields.items():
-                print(f"  {group}: {request.get('query', request)!r}: {field} {difference}")
-    assert score >= REQUIRED
+        print("\n" + scoring.summary(result))
+    assert result.requests > 400
+    assert result.right >= REQUIRED
+    assert result.with_false_species <= 1
+
+
+def test_misses_and_false_species_are_counted(scoring, tmp_path):
+    rows = [
+        {"request": {"step": "scf", "query_text": "NiO and Si"}, "expect": {"species": ["Ni"]}},
+        {"request": {"step": "scf"}, "expect": {"species": [], "formula_hint": "Fe"}},
+    ]
+    file = tmp_path / "rows.jsonl"
+    file.write_text("\n".join(map(json.dumps, rows)), encoding="utf-8")
+    result = scoring.score(scoring.read(file))
+    assert [(miss.field, miss.found) for miss in result.misses] == [
+        ("species", ["Ni", "O", "Si"]),
+        ("formula_hint", ""),
+    ]
+    assert result.right == pytest.approx(1 / 3)
+    assert result.with_false_species == 50

@@ -3,13 +3,21 @@
 Meaning: upper-case words. A word of a request is no formula when its upper-case form is here, so an
 entry covers every spelling in capitals and small letters: IN drops "IN" and "In".
 
-Criterion: the word occurs in requests for calculations (methods, programs, notation, units,
-structure symbols, sentence words), and some spelling of it could pass as a formula of at most eight
-element symbols. The methods of the first group are named for completeness: in capitals most of them
-hold a letter that is no element, and only a spelling such as "HSe" for HSE could pass.
+Criterion, for what the rules make:
+- a run of two to four capitals that is a formula only as a row of one-letter symbols (SFC, KCW,
+  WCC) is an abbreviation. It is spared where chemistry knows it (KOH, HCN, BN), where another
+  mixture of large and small letters spells an element or a formula of the tables (COS is CoS, NIO
+  is NiO), and where two of its letters are the symbol of an element that occurs in compounds;
+- such a run with a number from 17 to 29 behind it is a data set named by its year (OC20);
+- a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
+  "Li1-xCoO2"): no row, no element, rather than the metal of the piece. So are those with 2
+  or 3 before a variable that are no molecule ("La2-xSrxCuO4").
 
-An entry must not swallow a formula that people write. The few that do are in the last group, each
-with the reason and with the phrases that bring the element or compound back.
+Criterion, for the words of the list: the word occurs in requests for calculations (methods,
+programs, notation, units, structure symbols, sentence words), some spelling of it could pass as a
+formula of at most eight element symbols, and the rules do not make it. An entry must not swallow a
+formula that people write. The few that do are in the last group, each with the reason and with the
+phrases that bring the element or compound back.
 
 Sources: the manuals and file formats of the common electronic-structure programs; P. P. Ewald and
 C. Hermann, Strukturbericht 1913-1928 (1931), for the structure symbols; International Tables for
@@ -22,66 +30,136 @@ W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for un
 of the Brillouin zone.
 """
 
+from itertools import chain
 from typing import Final
 
+from tavik_agent.material_reference_data import (
+    DFTU_SENSITIVE_FORMULAS,
+    FORMULA_ALIASES,
+    INSULATOR_FORMULAS,
+    KNOWN_ELEMENT_SYMBOLS,
+    SEMICONDUCTOR_FORMULAS,
+)
+from tavik_agent.material_reference_data.element_contexts import FIRST_PIECES
+
+# Runs of one-letter symbols that are molecules, radicals, groups, or compounds without counts.
 # fmt: off
-METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
+_CHEMISTRY: Final = frozenset(
+    {
+        "HCN", "HNC", "HCP", "HCO", "CHO", "COH", "HOCO", "OCHO", "HCOH", "CHOH", "OH", "OOH",
+        "HOO", "HOOH", "NH", "NNH", "HNN", "HNNH", "HNO", "NOH", "HNOH", "NNO", "ONO", "HONO",
+        "CH", "CCH", "HCCH", "CF", "CN", "NCO", "OCN", "CNO", "HNCO", "HOCN", "FCN", "ICN", "CHF",
+        "CNH", "OCCO", "OCS", "SCN", "KSCN", "SO", "SH", "HS", "SF", "SOF", "PH", "PO", "PN",
+        "HPO", "NF", "NNF", "OF", "HOF", "FOOF", "BH", "BF", "BO", "BOH", "HBO", "HBNH", "BNH",
+        "IF", "HI", "HOI", "KF", "KI", "KH", "KO", "KS", "KP", "KOH", "KCN", "KNO", "KIO", "KHF",
+        "KBF", "KBH", "KPF", "KPO", "KVF", "KVO", "KWO", "BN", "BP", "BCN", "BNC", "BNO", "BC",
+        "BPO", "FPO", "VB", "VC", "VN", "VO", "VP", "VS", "VF", "VH", "VCN", "VNC", "VOF", "VPO",
+        "WB", "WC", "WN", "WO", "WP", "WS", "WF", "WCN", "WSN", "WOS", "UB", "UC", "UN", "UO", "UF",
+        "UH", "UCN", "UNC", "UCO", "UOF", "YH", "YN", "YP", "YS", "YO", "YF", "YC", "YOF", "YOI",
+        "YVO", "YPO", "YHO", "PCN", "CI",
+    }
+)
+# fmt: on
+_ONE_LETTER: Final = "BCFHIKNOPSUVWY"
+# Two-letter symbols of elements that no compound in a calculation holds.
+_WITHOUT_CHEMISTRY: Final = frozenset({"Bh", "Bk", "Cf", "Cn", "Hs", "Nh", "No", "Np", "Po"})
+_PAIRS: Final = frozenset(s.upper() for s in KNOWN_ELEMENT_SYMBOLS - _WITHOUT_CHEMISTRY)
+_SPELT: Final = _CHEMISTRY.union(
+
+        formula.upper()
+        for formula in chain(
+            SEMICONDUCTOR_FORMULAS, INSULATOR_FORMULAS, DFTU_SENSITIVE_FORMULAS,
+            frozenset(FORMULA_ALIASES.values()), KNOWN_ELEMENT_SYMBOLS,
+        )
+        if len(formula) < 5
+
+)  # fmt: skip
+
+
+def _longer(runs: list[str]) -> list[str]:
+    """The runs with one letter more, where the last two letters are no symbol."""
+    next_to = {a: [b for b in _ONE_LETTER if a + b not in _PAIRS] for a in _ONE_LETTER}
+    return [run + letter for run in runs for letter in next_to[run[-1]]]
+
+
+_TWO: Final = _longer([*_ONE_LETTER])
+_THREE: Final = _longer(_TWO)
+_DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
+
+# Elements whose single atoms are written with a 1 ("Pt1/MgO").
+_SINGLE_ATOMS: Final = frozenset("Pt Pd Au Ag Rh Ir Ru Os Cu Fe Co Ni".split())
+_PIECES: Final = [
+    *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
+    *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
+    *(piece.upper() for piece in FIRST_PIECES),
+]
+
+# fmt: off
+_WORDS: Final = frozenset(
     {
         # Methods and functionals.
         "DFT", "TDDFT", "DFPT", "DMFT", "LDA", "LSDA", "GGA", "PBE", "PBESOL", "PBE0", "RPBE",
         "REVPBE", "SCAN", "R2SCAN", "TPSS", "BLYP", "B3LYP", "HSE", "HSE03", "HSE06", "BSE", "GW",
         "G0W0", "RPA", "MP2", "CCSD", "CASSCF", "AIMD", "NEB", "PAW", "LAPW", "FLAPW", "LCAO",
         # Self-consistency, wave functions, basis sets, convergence.
-        "SCF", "NSCF", "VSCF", "CPSCF", "PWSCF", "PW", "FP", "KS", "KB", "HK", "FC", "IFC", "IFCS",
-        "FCS", "SCPH", "PBC", "PBCS", "BC", "BCS", "SP", "NN", "NNN", "NC",
+        "SCF", "NSCF", "VSCF", "CPSCF", "PWSCF", "KS", "IFCS",
+        "FCS", "SCPH", "PBC", "PBCS", "BC", "BCS",
         # Pseudopotentials and their file formats.
-        "USPP", "USP", "NCPP", "PP", "PSP", "ONCV", "ONCVPSP", "SSSP", "UPF", "PSF", "PSP8", "BHS",
+        "ONCVPSP", "PSP8",
         # Functionals, exchange and correlation, excited states, embedding.
-        "VWN", "VWN5", "SVWN", "SVWN5", "VBH", "PW86", "PW91", "PW92", "BPW91", "B3PW91", "BP86",
-        "P86", "B86", "B88", "B97", "B98", "PW6B95", "B95", "HISS", "VV10", "PSIC", "UHF", "UKS",
-        "CPHF", "CPKS", "CC", "CI", "CIS", "FCI", "CIPSI", "SCS", "SOS", "PNO", "NCI", "BCP", "CP",
-        "SCCS", "COBI", "ICOBI", "COOP", "ICOOP", "COHP", "ICOHP", "NICS", "OPW",
+        "VWN5", "SVWN5", "PW86", "PW91", "PW92", "BPW91", "B3PW91", "BP86",
+        "P86", "B86", "B88", "B97", "B98", "PW6B95", "B95", "VV10", "PSIC", "UHF",
+        "CPHF", "CI", "CIPSI", "SCS", "SOS",
+        "SCCS", "COBI", "ICOBI", "COOP", "ICOOP", "COHP", "ICOHP", "NICS",
         # Spin states, spin-orbit coupling and phenomena of the solid.
-        "SOC", "SOI", "SO", "SHC", "OO", "CISS", "VHS", "BIC", "SF", "ISF", "USF", "HSP",
+        "SO", "BIC", "SF",
         # Programs, input tags, force fields, simulation methods.
-        "FHI", "CP2K", "PYSCF", "PHON", "PHONOPY", "PSI4", "ISPIN", "ISIF", "NSW", "NPH", "FSSH",
-        "SSH", "SISSO", "SPC", "BOP", "NNP", "UFF", "PCFF", "CVFF", "PI",
+        "CP2K", "PYSCF", "PHON", "PHONOPY", "PSI4", "ISPIN", "ISIF",
+        "SISSO",
         # Further abbreviations of methods, quantities and devices.
-        "CSP", "CBS", "VBO", "CBO", "SBH", "ISC", "VOC", "VOCS", "PIC", "OSC", "PSI", "PNP", "NPN",
-        "PIN", "CNN", "CPP", "SPS", "POISSON", "KOHN",
+        "CSP", "SBH", "ISC", "VOCS", "OSC", "PSI", "NPN",
+        "PIN", "POISSON",
         # Words in capitals that stand in requests.
-        "ION", "IONS", "KNOWN",
-        "SPIN", "SPINS", "PHONON", "PHONONS", "PHYSICS", "BOSON", "FOCUS", "SKIP", "UNKNOWN",
-        "INFO", "CONV", "ISO", "OK", "ON", "OFF", "OF", "UPON", "IS", "IF", "BY", "HOW", "NOW",
-        "WHO", "WHY", "OWN", "SHOW", "SUCH", "WHICH", "YOU", "FYI", "NON",
+        "KNOWN",
+        "SPIN", "SPINS", "PHONON", "PHONONS", "PHYSICS", "BOSON", "FOCUS", "UNKNOWN",
+        "INFO", "CONV", "OF", "IF", "HOW",
+        "WHO", "SHOW", "WHICH",
         # Elastic constants of the crystal classes, and the parameters of an equation of state.
         "C12", "C13", "C22", "C23", "C33", "C44", "C55", "C66", "B0", "V0",
         # Structures, lattices and their symbols: lattice types, Strukturbericht designations, space
         # groups whose first piece would read as an element with a count ("P63/mmc", "I4/mmm",
         # "C2/m"). "Fm-3m" and "Pm-3m" are in the last group.
-        "FCC", "BCC", "HCP", "BCO", "B1", "B2", "B3", "B4", "B8", "B19", "B20", "B32", "C1", "C11",
+        "HCP", "BCO", "B1", "B2", "B3", "B4", "B8", "B19", "B20", "B32", "C1", "C11",
         "C14", "C15", "C16", "C36", "C40", "P2", "P21", "P213", "P212121", "P3", "P31", "P32",
         "P3121", "P3221", "P42", "P41212", "P43212", "P6", "P63", "P61", "P62", "P6222", "P6422",
         "C222", "C2221", "I4", "I41", "I213", "I23", "F222", "I222",
         # Roman numerals: groups (III-V, II-VI, I-III-VI), oxidation states (Fe(III), Ce(IV)),
         # phases. V2 is a piece of II-IV-V2.
-        "II", "III", "IV", "VI", "VII", "VIII", "V2",
+        "V2",
         # Experiments, computing, places of publication, devices.
-        "UPS", "UV", "VUV", "UHV", "HV", "FIB", "ICP", "HPC", "CPU", "CPUS", "IO", "CIF", "CSV",
-        "PC", "PV", "OPV", "PSC", "PSCS", "SOFC", "SOFCS", "OCV", "SSB", "SIB", "PCCP", "CV",
-        "OCP", "CPC", "FS", "PS", "IP", "CB", "BS",
+        "CPU", "CPUS", "CSV",
+        "PSC", "PSCS", "SOFCS", "SSB", "SIB",
         # Abbreviations of materials that spell other elements; a row of the compound names gives
-        # their composition where it is settled. "NV" and "SiV" are colour centres, "COF" and "HOIP"
+        # their composition where it is settled. "SiV" is a colour centre, "COF" and "HOIP"
         # classes.
-        "YBCO", "BSCCO", "BFO", "KNN", "BBO", "CBN", "HBN", "NV", "SIV", "COF", "HOIP", "NCS",
+        "YBCO", "BSCCO", "SIV", "COF", "HOIP", "NCS",
         # "NaN", not a number; "KPa", the misspelt kilopascal.
         "NAN", "KPA",
+        # Benchmark sets and processors.
+        "S22", "S66", "W4", "W1", "BH76", "FH51", "V100", "H100", "P100", "K80", "B200", "N12",
+        # Institutes and facilities that hold the symbol of an element.
+        "OSU", "UCSB", "UCSC", "USC", "ISIS", "CSNS",
+        # Words in capitals of licences, mails and tables.
+        "INC", "INF", "CC0", "COPY", "POP3", "NIV",
         # Deliberate exceptions: entries that equal an element symbol or a formula.
         #
         # Sentence words: "In this work", "As a test", "I want to", "No magnetism", "At 300 K", "Am
         # I right", "Be careful". Names and phrases such as "in-doped", "as-rich" and "of be" bring
         # the elements back; nitric oxide is found by name.
         "IN", "AS", "I", "NO", "AT", "AM", "BE",
+        # The critical temperature, also in "high-Tc"; "hcp tc", "tc-doped", "tc(0001)" and their
+        # like bring technetium back.
+        "TC",
         # "Re-relax", "Re-run"; "of re" and its like bring rhenium back.
         "RE",
         # "Cf. Fig. 2" and the space group Cm; californium, curium and graphite fluoride have names.
@@ -103,10 +181,21 @@ METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
         "SCC",
         # Spin crossover; scandium oxide without counts is only ever built from a list of elements.
         "SCO",
-        # High spin; hassium has no chemistry of solids.
-        "HS",
+        # Elements without a chemistry of solids: high spin and Hs, Monte Carlo and Mc, "TSs" and
+        # Ts, databases and Db.
+        "RF", "DB", "SG", "HS", "MT", "DS", "RG", "FL", "MC", "LV", "TS", "OG",
         # Space groups C2/m, C2/c and P4/mmm, P4/nmm; "c2 dimer" and "p4 molecule" are phrases.
         "C2", "P4",
     }
 )
 # fmt: on
+
+
+def _acronyms() -> frozenset[str]:
+    words = {*_TWO, *_THREE, *_longer(_THREE)}
+    words -= _SPELT
+    words.update(_WORDS, _DATA_SETS, _PIECES)
+    return frozenset(words)
+
+
+METHOD_ACRONYMS: Final[frozenset[str]] = _acronyms()

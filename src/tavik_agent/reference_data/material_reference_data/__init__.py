@@ -7,8 +7,10 @@ three functions return the same immutable data at every call.
 
 To add an entry:
 - a compound name goes into the names file of its chemistry, above every shorter phrase that is a
-  part of it; a formula that people type in small letters into written_formulas.py. The file
-  compound_names.py shows the order of the files.
+  part of it; a counted name or a salt of two metals into the rule of systematic_names.py; a formula
+  into written_formulas.py or a class of common_formulas.py; a mixed crystal into mixed_crystals.py.
+  The file compound_names.py shows the order of the files and the forms that each is made in;
+  written_forms.py makes the forms.
 - a formula with a measured gap goes into band_gaps.py, in every spelling that people write, and
   into one of its two tables only.
 - a formula that is calculated with +U goes into correlation.py, unless it is a metal.
@@ -20,7 +22,8 @@ To add an entry:
 from .band_gaps import INSULATOR_FORMULAS, SEMICONDUCTOR_FORMULAS
 from .compound_names import FORMULA_ALIASES
 from .correlation import DFTU_SENSITIVE_FORMULAS, is_transition_metal_oxide
-from .elements import ELEMENT_NAME_ALIASES, KNOWN_ELEMENT_SYMBOLS
+from .element_contexts import ELEMENT_NAME_ALIASES
+from .elements import KNOWN_ELEMENT_SYMBOLS
 from .magnetism import (
     COMPLEX_MAGNETIC_SPECIES,
     NONMAGNETIC_METAL_SPECIES,

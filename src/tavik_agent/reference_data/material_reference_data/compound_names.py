@@ -1,7 +1,7 @@
 """The compound names, assembled in the order in which they are tried.
 
-The rows stand in the files named below, each with its criterion and sources; this file only decides
-their order.
+The rows stand in the files named below, each with its criterion and sources; this file decides
+their order and in which forms each kind is made (see written_forms.py).
 """
 
 from collections.abc import Mapping
@@ -9,16 +9,65 @@ from typing import Final
 
 from .bracketed_formulas import BRACKETED_FORMULAS, FORMULAS_IN_CONTEXT
 from .chalcogenide_names import CHALCOGENIDE_NAMES
+from .common_formulas import COMMON_FORMULAS
 from .mineral_names import MINERAL_NAMES
-from .molecule_names import MOLECULE_NAMES
+from .mixed_crystals import MIXED_CRYSTALS, OPEN_FORMULAS
+from .molecule_names import MOLECULE_FORMULAS, MOLECULE_NAMES
 from .open_names import OPEN_NAMES
 from .oxide_names import OXIDE_NAMES
 from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
+from .prefixed_formulas import PREFIXED_FORMULAS
 from .prototype_names import PROTOTYPE_NAMES
-from .sentence_marks import with_sentence_marks
-from .surface_names import SUBSTRATE_NAMES, SURFACE_NAMES
-from .written_formulas import WRITTEN_FORMULAS
+from .surface_names import ON_OXIDES, SUBSTRATE_NAMES, SURFACE_NAMES, UNDER_GRAPHENE
+from .systematic_names import SALTS, SYSTEMATIC_NAMES
+from .written_forms import (
+    alone,
+    as_formula,
+    as_name,
+    as_rare_formula,
+    as_rare_name,
+    as_salt,
+    as_subscripts,
+    before_comma,
+    in_forms,
+    in_phrases,
+    in_sentences,
+)
+from .written_formulas import SUBSTRATE_FORMULAS, WRITTEN_FORMULAS
+
+_RANKED_BELOW: Final = {**OPEN_NAMES, **PROTOTYPE_NAMES, **SUBSTRATE_NAMES, **MOLECULE_NAMES}
+
+# Each group with the forms that it is made in. Of rows with the same phrase the first stands.
+GROUPS: Final = (
+    # Names, those of the rule below those of the lists.
+    (PHASE_NAMES, as_name),
+    (CHALCOGENIDE_NAMES, as_name),
+    (PNICTIDE_HALIDE_NAMES, as_name),
+    (OXIDE_NAMES, as_name),
+    (SALTS, as_salt),
+    ({n: f for n, f in SYSTEMATIC_NAMES.items() if n not in _RANKED_BELOW}, in_phrases),
+    (MINERAL_NAMES, as_rare_name),
+    # Formulas as people type them.
+    (BRACKETED_FORMULAS, in_sentences),
+    (MIXED_CRYSTALS, alone),
+    (OPEN_FORMULAS, alone),
+    (PREFIXED_FORMULAS, alone),
+    (FORMULAS_IN_CONTEXT, in_sentences),
+    (WRITTEN_FORMULAS, as_formula),
+    (COMMON_FORMULAS, as_rare_formula),
+    (SUBSTRATE_FORMULAS, as_formula),
+    # Names that a written formula may specify or outrank.
+    (OPEN_NAMES, in_sentences),
+    (PROTOTYPE_NAMES, as_rare_name),
+    # Supports, faces, hosts; then what is adsorbed on them.
+    (SUBSTRATE_NAMES, as_name),
+    (UNDER_GRAPHENE, alone),
+    (ON_OXIDES, alone),
+    (SURFACE_NAMES, before_comma),
+    (MOLECULE_NAMES, as_name),
+    (MOLECULE_FORMULAS, as_subscripts),
+)
 
 # Meaning: a lower-case phrase that names a compound, and its formula.
 # Criterion: the phrase names one compound wherever it stands. No structure types, no everyday
@@ -26,27 +75,6 @@ from .written_formulas import WRITTEN_FORMULAS
 # Order: the first row whose phrase a request holds gives its formula, wherever the phrase stands,
 # and before any formula written in capitals; every row that matches adds its elements. So the
 # specific stands above the general, compounds of many elements above those of few, hosts above
-# substrates, solids above the molecules on them. A phrase occurs in one file only.
+# substrates, solids above the molecules on them.
 # Sources: see the files.
-# Left out: mixed crystals with fractions beyond those in daily use; what each file names.
-FORMULA_ALIASES: Final[Mapping[str, str]] = with_sentence_marks(
-    {
-        # Names.
-        **PHASE_NAMES,
-        **CHALCOGENIDE_NAMES,
-        **PNICTIDE_HALIDE_NAMES,
-        **OXIDE_NAMES,
-        **MINERAL_NAMES,
-        # Formulas as people type them.
-        **BRACKETED_FORMULAS,
-        **FORMULAS_IN_CONTEXT,
-        **WRITTEN_FORMULAS,
-        # Names that a written formula may specify or outrank.
-        **OPEN_NAMES,
-        **PROTOTYPE_NAMES,
-        # Supports, faces, hosts; then what is adsorbed on them.
-        **SUBSTRATE_NAMES,
-        **SURFACE_NAMES,
-        **MOLECULE_NAMES,
-    }
-)
+FORMULA_ALIASES: Final[Mapping[str, str]] = in_forms(*GROUPS)

@@ -11,6 +11,14 @@ from collections.abc import Mapping
 from types import MappingProxyType
 from typing import Final
 
+# Words that show water to be the substance of a calculation.
+_BEHIND_WATER: Final = (
+    "dimer dimers trimer trimers tetramer hexamer hexamers cluster clusters layer layers monolayer "
+    "bilayer film adlayer adsorption adsorbed uptake dissociation interface "
+    "interfaces diffusion on at confined"
+).split()
+_BEFORE_WATER: Final = "adsorbed explicit bulk ambient supercritical interfacial".split()
+
 # Molecules, below every solid.
 MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {
@@ -20,7 +28,6 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         # molecule do.
         "water molecule": "H2O",
         "water molecules": "H2O",
-        "water dimer": "H2O",
         "water vapor": "H2O",
         "water vapour": "H2O",
         "liquid water": "H2O",
@@ -42,6 +49,10 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "ch4 molecule": "CH4",
         "ethane": "C2H6",
         "propane": "C3H8",
+        "ethylene carbonate": "C3H4O3",
+        "propylene carbonate": "C4H6O3",
+        "dimethyl carbonate": "C3H6O3",
+        "ethylene glycol": "C2H6O2",
         "ethylene": "C2H4",
         "ethene": "C2H4",
         "acetylene": "C2H2",
@@ -111,18 +122,22 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "ni(co)4": "NiC4O4",
         "cr(co)6": "CrC6O6",
         "mo(co)6": "MoC6O6",
-        # "water on" and "NO on" (a dropped word, see the acronyms) come after every solid that has
-        # a row.
+        # "NO on" (a dropped word, see the acronyms) comes after every solid that has a row.
         "no on": "NO",
         "no adsorbed": "NO",
-        "water on": "H2O",
-        "water adsorption": "H2O",
-        "water uptake": "H2O",
-        "water adsorbed": "H2O",
-        "adsorbed water": "H2O",
-        "water adlayer": "H2O",
-        "water monolayer": "H2O",
-        "water bilayer": "H2O",
-        "water film": "H2O",
+        # Water in company; the bare word has no row.
+        **dict.fromkeys((f"water {word}" for word in _BEHIND_WATER), "H2O"),
+        **dict.fromkeys((f"{word} water" for word in _BEFORE_WATER), "H2O"),
+    }
+)
+
+# Formulas of molecules that are written with subscripts; in plain form the formula scan reads them.
+MOLECULE_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
+    {
+        formula.lower(): formula
+        for formula in (
+            "H2O CO2 NH3 CH4 H2 N2 O2 O3 NO2 N2O SO2 H2S H2O2 C2H2 C2H4 C2H6 C6H6 SF6 CF4 NF3 "
+            "SiH4 PH3 CH3OH C60 C70 LiPF6"
+        ).split()
     }
 )

@@ -17,6 +17,12 @@ OPEN_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "tungsten oxide": "WO3",
         "rhodium oxide": "Rh2O3",
         "cerium oxide": "CeO2",
+        # Silicates, whose metal has an ortho and a meta compound.
+        "magnesium silicate": "MgSiO3",
+        "magnesium silicates": "MgSiO3",
+        "calcium silicates": "CaSiO3",
+        "iron silicate": "Fe2SiO4",
+        "iron silicates": "Fe2SiO4",
         # Nitrides, carbides, pnictides, hydrides.
         "tantalum nitride": "TaN",
         "chromium nitride": "CrN",

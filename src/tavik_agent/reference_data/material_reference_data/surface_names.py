@@ -3,26 +3,26 @@
 Meaning: a lower-case phrase and the formula of the solid that a request with adsorbates, dopants or
 films is about.
 Criterion: the phrase puts the element or compound in the place of the host: a face by its Miller
-indices, "on pt", "in si". The host of a dopant or adsorbate is the material; the first formula
-written is often the guest ("CO on Pt(111)", "P-doped Si").
-Sources: none needed; the faces are the low-index ones in use in surface science.
-Left out: element symbols whose phrase is English or notation. These rows stand below all compounds,
-so that a film on a metal ("MoS2 on Au(111)") is the film.
+indices, "on pt", "in si", "gold clusters", "co/mgo(001)". The host of a dopant or adsorbate is the
+material; the first formula written is often the guest ("CO on Pt(111)", "P-doped Si"). The phrases
+are made by rule from the solids and from the words around a host.
+Sources: none needed; the faces are the low-index and step faces in use in surface science.
+Left out: element symbols whose phrase is English or notation ("in au", atomic units; "in mg", a
+mass; "in ti", "on co"). These rows stand below all compounds, so that a film on a metal ("MoS2 on
+Au(111)") is the film.
 """
 
-from collections.abc import Mapping
+from collections.abc import Iterator, Mapping
 from types import MappingProxyType
 from typing import Final
 
-# Substrates, below all other names and formulas of compounds.
+from .written_forms import as_plain_subscripts, first_of_each
+
+# Names of the usual substrates and supports. They stand below every other solid: in "GaN on
+# sapphire" or "Pd on alumina" the first-named material decides where it has a row.
 SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {
-        # Graphene is a film on the substrates below and a substrate to the compounds above.
         "graphene": "C",
-        "graphene/hbn": "C",
-        "graphene/h-bn": "C",
-        # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
-        # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
         "quartz": "SiO2",
         "alpha-quartz": "SiO2",
         "α-quartz": "SiO2",
@@ -35,10 +35,14 @@ SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "alumina": "Al2O3",
         "alpha-alumina": "Al2O3",
         "gamma-alumina": "Al2O3",
+        "α-alumina": "Al2O3",
+        "γ-alumina": "Al2O3",
         "aluminum oxide": "Al2O3",
         "aluminium oxide": "Al2O3",
         "magnesia": "MgO",
         "magnesium oxide": "MgO",
+        "on sto": "SrTiO3",
+        "on mgo": "MgO",
         # Hosts and substrates whose formula is a word in lower case.
         "in sic": "SiC",
         "on sic": "SiC",
@@ -48,240 +52,193 @@ SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "in inn": "InN",
         "in coo": "CoO",
         "in alp": "AlP",
-        "in cui": "CuI",
         "in pbs": "PbS",
     }
 )
+# What graphene lies on; the substrate adds its elements, graphene is the material.
+_UNDER_GRAPHENE: Final = (
+    "hbn h-bn bn cu(111) ni(111) ir(111) pt(111) ru(0001) co(0001) au(111) ag(111) pd(111) rh(111) "
+    "al(111) re(0001) cu ni ir pt ru co au ag pd sic sio2 si mos2 ws2 mose2 wse2 wte2 bi2se3 cri3 "
+    "gan mgo al2o3 silicon copper nickel gold metal"
+).split()
 
-# Faces of compounds, semiconductor hosts, metal hosts.
-SURFACE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
-    {
-        # Faces of compounds, written without a blank before the indices.
-        "tio2(110)": "TiO2",
-        "tio2(101)": "TiO2",
-        "tio2(001)": "TiO2",
-        "tio2(100)": "TiO2",
-        "srtio3(001)": "SrTiO3",
-        "srtio3(100)": "SrTiO3",
-        "batio3(001)": "BaTiO3",
-        "ceo2(111)": "CeO2",
-        "ceo2(110)": "CeO2",
-        "ceo2(100)": "CeO2",
-        "zno(0001)": "ZnO",
-        "zno(10-10)": "ZnO",
-        "nio(001)": "NiO",
-        "nio(100)": "NiO",
-        "nio(111)": "NiO",
-        "coo(001)": "CoO",
-        "coo(100)": "CoO",
-        "feo(111)": "FeO",
-        "mno(001)": "MnO",
-        "fe2o3(0001)": "Fe2O3",
-        "fe3o4(001)": "Fe3O4",
-        "fe3o4(111)": "Fe3O4",
-        "co3o4(110)": "Co3O4",
-        "co3o4(001)": "Co3O4",
-        "cr2o3(0001)": "Cr2O3",
-        "cu2o(111)": "Cu2O",
-        "cuo(111)": "CuO",
-        "sno2(110)": "SnO2",
-        "ruo2(110)": "RuO2",
-        "iro2(110)": "IrO2",
-        "mno2(110)": "MnO2",
-        "wo3(001)": "WO3",
-        "in2o3(111)": "In2O3",
-        "ga2o3(100)": "Ga2O3",
-        "zro2(101)": "ZrO2",
-        "zro2(111)": "ZrO2",
-        "uo2(111)": "UO2",
-        "gaas(001)": "GaAs",
-        "gaas(110)": "GaAs",
-        "gan(0001)": "GaN",
-        "inas(001)": "InAs",
-        "inas(110)": "InAs",
-        "inp(001)": "InP",
-        "mos2(0001)": "MoS2",
-        "bi2se3(0001)": "Bi2Se3",
-        "bi2te3(0001)": "Bi2Te3",
-        "pbs(001)": "PbS",
-        "fes2(100)": "FeS2",
-        "al2o3(0001)": "Al2O3",
-        "mgo(001)": "MgO",
-        "mgo(100)": "MgO",
-        "mgo(111)": "MgO",
-        "cao(001)": "CaO",
-        "sio2(0001)": "SiO2",
-        "caf2(111)": "CaF2",
-        "nacl(001)": "NaCl",
-        "nacl(100)": "NaCl",
-        # Silicon and germanium as hosts: a dopant is named first ("P-doped Si"), the host decides.
-        "bulk silicon": "Si",
-        "crystalline silicon": "Si",
-        "amorphous silicon": "Si",
-        "doped silicon": "Si",
-        "in silicon": "Si",
-        "silicon crystal": "Si",
-        "silicon nanowire": "Si",
-        "silicon surface": "Si",
-        "silicon wafer": "Si",
-        "bulk si": "Si",
-        "crystalline si": "Si",
-        "doped si": "Si",
-        "as-doped si": "Si",
-        "b-doped si": "Si",
-        "p-doped si": "Si",
-        "in si": "Si",
-        "of si": "Si",
-        "on si": "Si",
-        "si(001)": "Si",
-        "si(100)": "Si",
-        "si(110)": "Si",
-        "si(111)": "Si",
-        "bulk germanium": "Ge",
-        "doped germanium": "Ge",
-        "in germanium": "Ge",
-        "bulk ge": "Ge",
-        "in ge": "Ge",
-        "of ge": "Ge",
-        "on ge": "Ge",
-        "ge(001)": "Ge",
-        "ge(100)": "Ge",
-        "ge(111)": "Ge",
-        # Faces of metals: in "CO on Pt(111)" the metal is the material, the molecule the adsorbate.
-        "pt(111)": "Pt",
-        "pt(100)": "Pt",
-        "pt(110)": "Pt",
-        "pt(211)": "Pt",
-        "pd(111)": "Pd",
-        "pd(100)": "Pd",
-        "pd(110)": "Pd",
-        "cu(111)": "Cu",
-        "cu(100)": "Cu",
-        "cu(110)": "Cu",
-        "cu(211)": "Cu",
-        "ag(111)": "Ag",
-        "ag(100)": "Ag",
-        "ag(110)": "Ag",
-        "au(111)": "Au",
-        "au(100)": "Au",
-        "au(110)": "Au",
-        "au(211)": "Au",
-        "ni(111)": "Ni",
-        "ni(100)": "Ni",
-        "ni(110)": "Ni",
-        "rh(111)": "Rh",
-        "rh(100)": "Rh",
-        "rh(110)": "Rh",
-        "ir(111)": "Ir",
-        "ir(100)": "Ir",
-        "al(111)": "Al",
-        "al(100)": "Al",
-        "al(110)": "Al",
-        "pb(111)": "Pb",
-        "fe(110)": "Fe",
-        "fe(100)": "Fe",
-        "fe(001)": "Fe",
-        "w(110)": "W",
-        "w(100)": "W",
-        "w(001)": "W",
-        "mo(110)": "Mo",
-        "mo(100)": "Mo",
-        "ta(110)": "Ta",
-        "ta(100)": "Ta",
-        "nb(110)": "Nb",
-        "nb(100)": "Nb",
-        "v(110)": "V",
-        "v(100)": "V",
-        "cr(110)": "Cr",
-        "cr(100)": "Cr",
-        "ru(0001)": "Ru",
-        "co(0001)": "Co",
-        "co(111)": "Co",
-        "re(0001)": "Re",
-        "os(0001)": "Os",
-        "ti(0001)": "Ti",
-        "zr(0001)": "Zr",
-        "mg(0001)": "Mg",
-        "zn(0001)": "Zn",
-        "be(0001)": "Be",
-        "gd(0001)": "Gd",
-        "fe(111)": "Fe",
-        "pt(001)": "Pt",
-        "pd(001)": "Pd",
-        "cu(001)": "Cu",
-        "ag(001)": "Ag",
-        "au(001)": "Au",
-        "ni(001)": "Ni",
-        "rh(001)": "Rh",
-        "ru(001)": "Ru",
-        # Metals as support or as host of an impurity, in contexts that are not English. "in au"
-        # (atomic units), "in mg" (a mass), "in ti", "on co" would be misread and are left out.
-        "on pt": "Pt",
-        "on pd": "Pd",
-        "on cu": "Cu",
-        "on ag": "Ag",
-        "on au": "Au",
-        "on ni": "Ni",
-        "on rh": "Rh",
-        "on ru": "Ru",
-        "on ir": "Ir",
-        "on fe": "Fe",
-        "on w": "W",
-        "in pd": "Pd",
-        "in pt": "Pt",
-        "in cu": "Cu",
-        "in ag": "Ag",
-        "in ni": "Ni",
-        "in al": "Al",
-        "in fe": "Fe",
-        "in w": "W",
-        "in cr": "Cr",
-        "in nb": "Nb",
-        "in ta": "Ta",
-        "in zr": "Zr",
-        "in bcc fe": "Fe",
-        "in bcc w": "W",
-        "in bcc mo": "Mo",
-        "in fcc ni": "Ni",
-        "in fcc cu": "Cu",
-        "in fcc al": "Al",
-        "in hcp ti": "Ti",
-        "in hcp zr": "Zr",
-        "in hcp mg": "Mg",
-        "in bcc iron": "Fe",
-        "in alpha-iron": "Fe",
-        # An oxide whose name leaves its composition open is named by its elements alone.
-        "on copper oxide": "CuO",
-        "on iron oxide": "FeO",
-        "in iron oxide": "FeO",
-        "in copper oxide": "CuO",
-        "in titanium oxide": "TiO",
-        "in niobium oxide": "NbO",
-        "in vanadium oxide": "VO",
-        "in tungsten": "W",
-        "in palladium": "Pd",
-        "on platinum": "Pt",
-        "on palladium": "Pd",
-        "on copper": "Cu",
-        "on nickel": "Ni",
-        "on silver": "Ag",
-        "on gold": "Au",
-        "on iron": "Fe",
-        "on rhodium": "Rh",
-        "on ruthenium": "Ru",
-        "on iridium": "Ir",
-        "on tungsten": "W",
-        "in iron": "Fe",
-        "in nickel": "Ni",
-        "in copper": "Cu",
-        "in aluminium": "Al",
-        "in aluminum": "Al",
-        "in titanium": "Ti",
-        "in zirconium": "Zr",
-        "in niobium": "Nb",
-        "in vanadium": "V",
-        "in tantalum": "Ta",
-        "in platinum": "Pt",
-        "in magnesium": "Mg",
-    }
+# Faces of metals by structure, those of most surface work first.
+_FACES: Final = {
+    "fcc": "111 100 110 001 211 311 331 210 553",
+    "bcc": "110 100 001 111 211 112 310",
+    "hcp": "0001 10-10 11-20 10-11 10-12 001",
+}
+_METALS: Final = {
+    "fcc": "Pt Pd Cu Ag Au Ni Rh Ir Al Pb Co",
+    "bcc": "Fe W Mo Ta Nb V Cr Li Na",
+    "hcp": "Ru Co Re Os Ti Zr Mg Zn Be Gd Tc",
+}
+_REACTIVE_METALS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe Co".split()
+_SEMICONDUCTOR_FACES: Final = {"Si": "001 100 110 111", "Ge": "001 100 110 111"}
+_COMPOUND_FACES: Final = {
+    "TiO2": "110 101 001 100", "SrTiO3": "001 100 110 111", "BaTiO3": "001 100",
+    "CeO2": "111 110 100", "ZnO": "0001 10-10", "NiO": "001 100 111", "CoO": "001 100",
+    "FeO": "111", "MnO": "001", "Fe2O3": "0001", "Fe3O4": "001 111", "Co3O4": "110 001",
+    "Cr2O3": "0001", "Cu2O": "111", "CuO": "111", "SnO2": "110", "RuO2": "110", "IrO2": "110",
+    "MnO2": "110", "WO3": "001", "In2O3": "111", "Ga2O3": "100", "ZrO2": "101 111",
+    "UO2": "111", "GaAs": "001 110 100 111", "GaN": "0001 10-10", "InAs": "001 110",
+    "InP": "001", "MoS2": "0001", "Bi2Se3": "0001", "Bi2Te3": "0001", "PbS": "001",
+    "FeS2": "100", "Al2O3": "0001", "MgO": "001 100 111 110", "CaO": "001", "SiO2": "0001",
+    "CaF2": "111", "NaCl": "001 100", "LaAlO3": "001", "SiC": "0001", "CaCO3": "10-14",
+}  # fmt: skip
+_ADSORBATES: Final = "h h2 o o2 n2 co co2 no oh h2o nh3 ch4".split()
+# Oxides and layers that molecules are put on without naming the face.
+_SUPPORTS: Final = (
+    "TiO2 CeO2 MgO Al2O3 ZnO Fe2O3 Fe3O4 SiO2 In2O3 SnO2 NiO Co3O4 ZrO2 MoS2 SrTiO3 Cu2O CuO WO3"
+).split()
+
+_REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
+
+# Dopants that are written before silicon, germanium and their like.
+_DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
+_ACTIVATORS: Final = "ce nd eu er yb tm tb pr mn cr ti fe co".split()
+_LASER_CRYSTALS: Final = (
+    "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS LiNbO3 SrTiO3 BaTiO3 YAlO3 "
+    "LiYF4 NaYF4 MgAl2O4 GaN ZnSe CeO2"
+).split()
+_CRYSTALS: Final = {
+    **{formula.lower(): formula for formula in _LASER_CRYSTALS},
+    "yag": "Y3Al5O12", "luag": "Lu3Al5O12", "sapphire": "Al2O3",
+}  # fmt: skip
+# Hosts by symbol and by name, with the words before which they are hosts.
+_HOSTS_IN: Final = "Pd Pt Cu Ag Ni Al Fe W Cr Nb Ta Zr Si Ge Mo Rh Ir".split()
+_HOSTS_ON: Final = "Pt Pd Cu Ag Au Ni Rh Ru Ir Fe W Si Ge Mo Al".split()
+_METAL_NAMES: Final = {
+    "tungsten": "W", "palladium": "Pd", "platinum": "Pt", "copper": "Cu", "nickel": "Ni",
+    "silver": "Ag", "gold": "Au", "iron": "Fe", "rhodium": "Rh", "ruthenium": "Ru",
+    "iridium": "Ir", "aluminium": "Al", "aluminum": "Al", "titanium": "Ti", "zirconium": "Zr",
+    "niobium": "Nb", "vanadium": "V", "tantalum": "Ta", "magnesium": "Mg", "molybdenum": "Mo",
+    "cobalt": "Co", "chromium": "Cr", "rhenium": "Re", "beryllium": "Be", "osmium": "Os",
+    "hafnium": "Hf",
+}  # fmt: skip
+_HOST_NAMES: Final = {"silicon": "Si", "germanium": "Ge", **_METAL_NAMES}
+_AS_SURFACE: Final = (
+    "surface surfaces slab slabs cluster clusters nanoparticle nanoparticles substrate electrode "
+    "electrodes film films nanocluster nanoclusters catalyst"
+).split()
+_SURFACE_SYMBOLS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe W Mo Si Ge Al Ti Mg Zn Nb Ta Cr".split()
+_IN_STRUCTURES: Final = {
+    "bcc": "Fe W Mo Nb Ta V Cr", "fcc": "Ni Cu Al Pd Pt Ag Au", "hcp": "Ti Zr Mg",
+}  # fmt: skip
+# An oxide whose name leaves its composition open is named by its elements alone.
+_OPEN_OXIDES: Final = {
+    "copper": "CuO", "iron": "FeO", "titanium": "TiO", "niobium": "NbO", "vanadium": "VO",
+    "manganese": "MnO", "cobalt": "CoO",
+}  # fmt: skip
+
+
+def _under_graphene() -> Iterator[tuple[str, str]]:
+    for substrate in _UNDER_GRAPHENE:
+        yield f"graphene/{substrate}", "C"
+        yield f"{substrate}/graphene", "C"
+
+
+def _styles(solid: str, indices: str, *, rare: bool) -> Iterator[str]:
+    """pt(111), pt (111); unless the face is rare, also pt{111}, pt(1 1 1), pt (1 1 1)."""
+    name = solid.lower()
+    yield f"{name}({indices})"
+    yield f"{name} ({indices})"
+    if "-" not in indices and not rare:
+        apart = " ".join(indices)
+        yield f"{name}{{{indices}}}"
+        yield f"{name}({apart})"
+        yield f"{name} ({apart})"
+
+
+def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
+    for solid, indices in faces.items():
+        for number, face in enumerate(indices.split()):
+            for phrase in _styles(solid, face, rare=number > 3):
+                yield phrase, solid
+            for written in as_plain_subscripts(solid.lower()):
+                yield f"{written}({face})", solid
+
+
+def _adsorbed(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
+    """A molecule over the first of the faces: co/pt(111)."""
+    for solid, indices in faces.items():
+        for adsorbate in _ADSORBATES:
+            yield f"{adsorbate}/{solid.lower()}({indices.split()[0]})", solid
+
+
+def _wet_supports() -> Iterator[tuple[str, str]]:
+    """A molecule over an oxide: co/tio2, and over the face that is mostly taken: co/tio2(110)."""
+    for solid in _SUPPORTS:
+        name = solid.lower()
+        for adsorbate in (*_ADSORBATES, *map(str.lower, _REACTIVE_METALS)):
+            yield f"{adsorbate}/{name}", solid
+            if solid in _REDUCIBLE:
+                yield f"{adsorbate}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
+
+
+def _hosts() -> Iterator[tuple[str, str]]:
+    for symbol, name in (("Si", "silicon"), ("Ge", "germanium")):
+        for host in (symbol.lower(), name):
+            for before in ("bulk", "crystalline", "amorphous", "doped", "in", "on"):
+                yield f"{before} {host}", symbol
+            for dopant in _DOPANTS:
+                yield f"{dopant}-doped {host}", symbol
+        yield f"of {symbol.lower()}", symbol
+    yield "silicon wafer", "Si"
+
+
+def _colon_hosts() -> Iterator[tuple[str, str]]:
+    """Luminescent and laser crystals as they are written behind their dopant: ce:labr3."""
+    for name, formula in _CRYSTALS.items():
+        yield from ((f"{dopant}:{name}", formula) for dopant in _ACTIVATORS)
+
+
+def _metal_hosts() -> Iterator[tuple[str, str]]:
+    for name, symbol in _HOST_NAMES.items():
+        for noun in _AS_SURFACE:
+            yield f"{name} {noun}", symbol
+    for symbol in _SURFACE_SYMBOLS:
+        for noun in _AS_SURFACE[:9]:
+            yield f"{symbol.lower()} {noun}", symbol
+    for symbol in _HOSTS_ON:
+        yield f"on {symbol.lower()}", symbol
+    for symbol in _HOSTS_IN:
+        yield f"in {symbol.lower()}", symbol
+        yield f"doped {symbol.lower()}", symbol
+    for structure, symbols in _IN_STRUCTURES.items():
+        for symbol in symbols.split():
+            yield f"in {structure} {symbol.lower()}", symbol
+    for name, formula in _OPEN_OXIDES.items():
+        for before in ("on", "in"):
+            yield f"{before} {name} oxide", formula
+    for name, symbol in _METAL_NAMES.items():
+        for before in ("in", "on", "over", "in bcc", "in fcc", "in hcp"):
+            yield f"{before} {name}", symbol
+    yield "in alpha-iron", "Fe"
+
+
+# Graphene on what is named behind it.
+UNDER_GRAPHENE: Final[Mapping[str, str]] = first_of_each(_under_graphene())
+
+
+def _metal_faces() -> Iterator[tuple[str, str]]:
+    for structure, metals in _METALS.items():
+        for metal in metals.split():
+            yield from _faces({metal: _FACES[structure]})
+            if metal in _REACTIVE_METALS:
+                yield from _adsorbed({metal: _FACES[structure]})
+
+
+# Oxides and crystals behind a slash or a colon.
+ON_OXIDES: Final[Mapping[str, str]] = first_of_each([*_wet_supports(), *_colon_hosts()])
+
+# Faces of compounds, semiconductor hosts, faces of metals, metal hosts.
+SURFACE_NAMES: Final[Mapping[str, str]] = first_of_each(
+    [
+        *_faces(_COMPOUND_FACES),
+        *_hosts(),
+        *_faces(_SEMICONDUCTOR_FACES),
+        *_metal_faces(),
+        *_metal_hosts(),
+    ]
 )

@@ -224,6 +224,8 @@ _FORMULAS: Final[tuple[str, ...]] = (
     "ReO3", "RuO2", "IrO2", "RhO2", "OsO2", "Sb2O3", "Sb2O5", "TeO2", "Ta2O5", "K2O", "UO3",
     "Fe3O4", "SrO2", "BaO2", "ZnO2", "Na2O2", "Li2O", "Li2O2", "Na2O", "BeO", "CaO", "BaO",
     "B2O3", "Ga2O3", "GeO2", "P2O5", "Sc2O3", "Y2O3", "La2O3", "ZrO2", "HfO2", "ThO2", "Lu2O3",
+)
+_SUBSTRATES: Final[tuple[str, ...]] = (
     # Substrates, tunnel barriers, and compounds whose name also names a structure ("in the NaCl
     # structure"): below all other formulas.
     "LiNbO3", "LiTaO3", "KTaO3", "MgAl2O4", "DyScO3", "GdScO3", "NdGaO3", "LaGaO3", "YAlO3",
@@ -234,4 +236,7 @@ _FORMULAS: Final[tuple[str, ...]] = (
 
 WRITTEN_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
     {formula.lower(): formula for formula in _FORMULAS}
+)
+SUBSTRATE_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
+    {formula.lower(): formula for formula in _SUBSTRATES}
 )

@@ -1,0 +1,303 @@
+"""Phrases in which a word or a symbol can only be an element, and all names of elements together.
+
+Meaning: a lower-case phrase and the symbol of the element that it mentions.
+Criterion: the bare word means something else as often (lead, tin, zinc blende), or the symbol is
+dropped as notation or a sentence word (see tavik_agent.method_acronyms), or small letters hide it
+from the formula scan ("bcc fe"). The phrases are made by rule from the neighbours that such a word
+has only as an element; single phrases stand where a rule would also make English ones ("bulk in",
+"as atoms", "may lead to").
+Sources: Nomenclature of Inorganic Chemistry (IUPAC Recommendations 2005) for oxidation states;
+C. Kittel, Introduction to Solid State Physics, 8th edition (2005), for the structures.
+Left out: neighbours that are English with the word; bare symbols in small letters that are a word,
+a unit or an abbreviation (al, au, ca, cd, co, fe, ga, hf, mg, os, pt, ti ...).
+"""
+
+from collections.abc import Iterable, Mapping
+from types import MappingProxyType
+from typing import Final
+
+from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
+from .systematic_names import SALTS
+from .written_forms import (
+    alone,
+    as_anion,
+    as_element_name,
+    before_comma,
+    first_of_each,
+    in_forms,
+    in_sentences,
+)
+
+# Neighbours of a name that is also another word. "{}" is the name.
+_AROUND_NAMES: Final = (
+    "elemental {}", "{} metal", "{} atom", "{} atoms", "{} ion",
+    "{} ions", "{} adatom", "{} adatoms", "{} vacancy", "{} vacancies", "{} interstitial",
+    "{} interstitials", "{} doping", "{} dopant", "{} dopants", "{} substituted",
+    "{} substitution", "{}-doped", "{}-based", "{}-substituted", "{}-rich", "{} alloy", "{} alloys",
+    "{} oxide", "{} oxides", "{}(ii)", "{} (ii)",
+)  # fmt: skip
+# What titanium nitride, "tin" in small letters, has as neighbours as well.
+_NOT_AROUND_TIN: Final = ("metallic {}", "pure {}", "{} cluster", "{} clusters", "{} nanowire")
+_DOUBLE_MEANING_NAMES: Final = {"lead": "Pb", "tin": "Sn", "zinc": "Zn"}
+
+# Neighbours of a symbol that is dropped as notation: V (volt, groups III-V), K (kelvin), U (Hubbard
+# U), I (the pronoun), Tc (critical temperature), and the phrases "in", "be" and their like cannot
+# take.
+_AROUND_SYMBOLS: Final = (
+    "{} metal", "{} atom", "{} atoms", "{} ion", "{} ions", "{} adatom", "{} adatoms",
+    "{} dopant", "{} doping", "{} substitution", "{} vacancy", "{} vacancies",
+    "{} interstitial", "{} interstitials", "{} impurity", "{} impurities", "{} intercalation",
+    "{} adsorption", "{} diffusion", "{} migration", "{} nanoparticles",
+)  # fmt: skip
+_NOTATION: Final = ("V", "K", "U", "I", "Tc")
+# Neighbours that a hyphen joins; they cannot be English even with "in", "as" or "be".
+_HYPHENS: Final = (
+    "{}-doped", "{}-rich", "{}-poor", "{}-terminated", "{}-substituted", "{}-intercalated",
+    "{}-containing", "{}-codoped", "{}-based",
+)  # fmt: skip
+_DROPPED: Final = (*_NOTATION, "In", "As", "Be")
+# First pieces of mixed crystals ("La2-xSrxCuO4") that the acronyms drop. As ions they come back.
+FIRST_PIECES: Final = (
+    "Mg2 Ca2 Sr2 Ba2 La2 Pr2 Nd2 Sm2 Gd2 Y2 Bi2 Sb2 La3 Ca3 Sr3 Ba3 Mn3 Sr4".split()
+)
+# Alloys named by two symbols of which one is dropped; both orders make rows.
+_ALLOYS: Final = (
+    "V Ti;V Cr;V Fe;V Al;V Nb;V W;U Mo;U Zr;U Nb;U Ti;U Pu;K Na;In Sn;In Ga;In Ag;In Sb;Be Cu;"
+    "Be Al;Re W;Re Mo;Re Ni;Re Ta;Re Os;Tc Mo;Tc Ru"
+)
+_UNDER_POTASSIUM: Final = "ag(111) au(111) cu(111) pt(111) al(111) ni(111) cu(100) graphene".split()
+# Hosts in which V and U are solutes; "in the" and "in a" would make volts of them.
+_SOLUTES: Final = ("V", "U")
+_SOLVENTS: Final = "w tungsten fe iron ti titanium cr chromium zr zirconium nb niobium bcc".split()
+# Oxides that water is put on: the hydrogen of "TiO2-water".
+_WET: Final = (
+    "tio2 ceo2 mgo al2o3 zno fe2o3 fe3o4 sio2 wo3 co3o4 nio mos2 zro2 srtio3 bivo4".split()
+)
+
+# Symbols by the structure that people name with them, with a blank or a hyphen between.
+_STRUCTURES: Final = {
+    "bcc": "Fe Cr W Mo Ta Nb V Li Na K Rb Cs Ba U Ti Zr",
+    "fcc": "Cu Al Ni Ag Au Pt Pd Rh Ir Pb Ca Sr Ce Th Co Fe",
+    "hcp": "Co Ti Zr Hf Mg Zn Cd Be Sc Y Re Os Ru Tc Gd",
+    "bulk": "Fe Cu Al Ni Ag Au Pt Pd Rh Ir Cr W Mo Ta Nb Ti Zr Hf Mg Zn Li Na Pb Bi Sb Si Ge Se "
+    "Te Gd Mn V Tc",
+}
+# Names by the allotropes that Greek letters or words name.
+_ALLOTROPES: Final = {
+    "iron": "alpha gamma delta epsilon",
+    "manganese": "alpha beta gamma delta",
+    "titanium": "alpha beta omega",
+    "zirconium": "alpha beta omega",
+    "tin": "alpha beta",
+    "uranium": "alpha beta gamma",
+    "plutonium": "alpha beta gamma delta epsilon",
+    "cerium": "alpha beta gamma",
+    "boron": "alpha beta gamma",
+    "cobalt": "alpha epsilon",
+    "gallium": "alpha",
+    "tantalum": "alpha beta",
+    "tungsten": "alpha beta",
+}
+_GREEK: Final = {
+    "alpha": "α", "beta": "β", "gamma": "γ", "delta": "δ", "epsilon": "ε", "omega": "ω",
+}  # fmt: skip
+# Names with the oxidation states that are written behind them.
+_STATES: Final = {
+    "iron": "ii iii", "cobalt": "ii iii", "nickel": "ii", "copper": "i ii", "chromium": "ii iii",
+    "manganese": "ii iii iv", "vanadium": "iii iv v", "titanium": "iii iv", "cerium": "iii iv",
+    "europium": "ii iii", "samarium": "iii", "uranium": "iv vi", "tin": "ii iv",
+}  # fmt: skip
+
+_SINGLE: Final[Mapping[str, str]] = MappingProxyType(
+    {
+        "fcc lead": "Pb",
+        "lead surface": "Pb",
+        "plumbum": "Pb",
+        "white tin": "Sn",
+        "grey tin": "Sn",
+        "gray tin": "Sn",
+        "tetragonal tin": "Sn",
+        "body-centred tetragonal tin": "Sn",
+        "body-centered tetragonal tin": "Sn",
+        "tin sulfide": "Sn",
+        "tin sulphide": "Sn",
+        "stannum": "Sn",
+        "lead film": "Pb",
+        "lead films": "Pb",
+        "lead nanowire": "Pb",
+        "hcp zinc": "Zn",
+        "tc, the hcp": "Tc",
+        "zinc in": "Zn",
+        "zinc and": "Zn",
+        "zinc surface": "Zn",
+        "silicon-based": "Si",
+        "including aluminum": "Al",
+        "including aluminium": "Al",
+        "fe(ii)": "Fe",
+        "fe(iii)": "Fe",
+        "u(iv)": "U",
+        "u(vi)": "U",
+        # Materials and centres whose names hold an element.
+        "ysz": "Y",
+        "yttria-stabilized": "Y",
+        "yttria-stabilised": "Y",
+        "nv center": "N",
+        "nv centre": "N",
+        "nv centers": "N",
+        "nv centres": "N",
+        "nv-": "N",
+        "nv−": "N",
+        "nitrogen-vacancy": "N",
+        "siv center": "Si",
+        "siv centre": "Si",
+        # Symbols that are sentence words.
+        "k-ion": "K",
+        "k+": "K",
+        "bulk-k": "K",
+        "of re": "Re",
+        "relax re": "Re",
+        "re metal": "Re",
+        "re atoms": "Re",
+        "of be": "Be",
+        "relax be": "Be",
+        "pure be": "Be",
+        "be metal": "Be",
+        "be atom": "Be",
+        "be atoms": "Be",
+        "be surface": "Be",
+        "of in": "In",
+        "bct in": "In",
+        "in adlayer": "In",
+        "in droplets": "In",
+        "as antisite": "As",
+        "as2 flux": "As",
+        "grey as": "As",
+        "gray as": "As",
+        "α-u": "U",
+        "β-u": "U",
+        "γ-u": "U",
+        "alpha-u": "U",
+        "beta-u": "U",
+        "gamma-u": "U",
+        "alpha-pu": "Pu",
+        "delta-pu": "Pu",
+        # Small letters that are no word, unit or abbreviation, nor are their capitals.
+        **{
+            symbol.lower(): symbol
+            for symbol in "Si Ge Cu Ag Zn Ni Mn Nb Zr Rh Ru Li Bi Pb Rb Gd Eu".split()
+        },
+    }
+)
+
+
+def _contexts() -> Iterable[tuple[str, str]]:
+    for name, symbol in _DOUBLE_MEANING_NAMES.items():
+        yield from ((around.format(name), symbol) for around in _AROUND_NAMES)
+        if name != "tin":
+            yield from ((around.format(name), symbol) for around in _NOT_AROUND_TIN)
+    for symbol in _NOTATION:
+        yield from ((around.format(symbol.lower()), symbol) for around in _AROUND_SYMBOLS)
+    for symbol in _DROPPED:
+        yield from ((around.format(symbol.lower()), symbol) for around in _HYPHENS)
+    for symbol in _SOLUTES:
+        yield from ((f"{symbol.lower()} in {solvent}", symbol) for solvent in _SOLVENTS)
+    for surface in _UNDER_POTASSIUM:
+        yield f"k/{surface}", "K"
+    for alloy in _ALLOYS.split(";"):
+        symbol, partner = alloy.split()
+        yield f"{symbol}-{partner}".lower(), symbol
+        yield f"{partner}-{symbol}".lower(), symbol
+    for oxide in _WET:
+        yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
+        yield f"water/{oxide}", "H"
+    for symbol in ("Re", "Pa", "Am"):
+        yield f"{symbol.lower()}-doped", symbol
+    for ion in FIRST_PIECES:
+        yield f"{ion.lower()}+", ion[:-1]
+    for structure, symbols in _STRUCTURES.items():
+        for symbol in symbols.split():
+            yield f"{structure} {symbol.lower()}", symbol
+            yield f"{structure}-{symbol.lower()}", symbol
+    all_names = {**ELEMENT_NAMES, **_DOUBLE_MEANING_NAMES}
+    for name, allotropes in _ALLOTROPES.items():
+        for word in allotropes.split():
+            for prefix in (word, _GREEK[word]):
+                yield f"{prefix}-{name}", all_names[name]
+                yield f"{prefix} {name}", all_names[name]
+    for name, states in _STATES.items():
+        for state in states.split():
+            yield f"{name}({state})", all_names[name]
+            yield f"{name} ({state})", all_names[name]
+    yield from _SINGLE.items()
+
+
+CONTEXTS: Final[Mapping[str, str]] = first_of_each(_contexts())
+
+# Elements whose compounds are named in the plural, as a class ("zirconium hydrides").
+_FORM_COMPOUNDS: Final = (
+    "lithium sodium potassium rubidium cesium caesium beryllium magnesium calcium strontium barium "
+    "scandium yttrium lanthanum cerium praseodymium neodymium samarium europium gadolinium terbium "
+    "dysprosium holmium erbium thulium ytterbium lutetium thorium uranium neptunium plutonium "
+    "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten manganese "
+    "rhenium iron ruthenium cobalt iridium nickel palladium platinum copper silver "
+    "gold zinc cadmium boron aluminum aluminium gallium indium thallium silicon germanium "
+    "tin lead bismuth sulfur nitrogen"
+).split()
+_CLASSES: Final = (
+    "hydride boride carbide silicide nitride phosphide arsenide oxide sulfide sulphide selenide "
+    "telluride fluoride chloride bromide iodide"
+).split()
+
+
+# Second elements of compounds whose full name is a row only where one composition is meant. They
+# keep "vanadium phosphate" from being the metal.
+_SECOND_ELEMENTS: Final = {
+    "phosphate": "P", "phosphates": "P", "fluorophosphate": "P",
+    "thiophosphate": "P", "silicate": "Si", "silicates": "Si", "sulfate": "S", "sulfates": "S",
+    "carbonate": "C", "carbonates": "C", "nitrate": "N", "borate": "B", "borates": "B",
+    "oxynitride": "N", "oxysulfide": "S", "hydroxide": "O", "hydroxides": "O",
+    "oxyhydroxide": "O", "borohydride": "H", "titanate": "Ti", "titanates": "Ti", "niobate": "Nb",
+    "tantalate": "Ta", "vanadate": "V", "vanadates": "V", "molybdate": "Mo", "tungstate": "W",
+    "ferrite": "Fe", "ferrites": "Fe", "manganite": "Mn", "manganites": "Mn",
+    "cobaltite": "Co", "nickelate": "Ni", "nickelates": "Ni", "cuprate": "Cu", "cuprates": "Cu",
+    "iridate": "Ir", "iridates": "Ir", "ruthenate": "Ru", "ruthenates": "Ru", "stannate": "Sn",
+    "zirconate": "Zr", "aluminate": "Al", "aluminates": "Al", "aluminides": "Al",
+    "pnictides": "As", "pnictide": "As",
+}  # fmt: skip
+_FORM_SALTS: Final = (
+    "lithium sodium potassium magnesium calcium strontium barium yttrium lanthanum "
+    "titanium zirconium vanadium niobium chromium manganese iron "
+    "cobalt nickel copper zinc aluminum aluminium bismuth"
+).split()
+
+
+def _plurals() -> Iterable[tuple[str, str]]:
+    """The anion of a class of compounds; the metal has a row of its own, or gets one here."""
+    for name in _FORM_COMPOUNDS:
+        for anion in _CLASSES:
+            yield f"{name} {anion}s", ANION_NAMES[anion]
+    for anion in _CLASSES:
+        yield f"{anion}s of", ANION_NAMES[anion]
+    for name in _FORM_SALTS:
+        for word, element in _SECOND_ELEMENTS.items():
+            if f"{name} {word}" not in SALTS:
+                yield f"{name} {word}", element
+        for oxide in ("oxide", "oxides"):
+            yield f"({name} {oxide})", ELEMENT_NAMES.get(name, "Zn")
+    for name in ("cesium", "caesium", "methylammonium", "formamidinium", "rubidium"):
+        for halide in ("halide", "halides"):
+            yield f"{name} lead {halide}", "Pb"
+            yield f"{name} tin {halide}", "Sn"
+
+
+ANION_PLURALS: Final[Mapping[str, str]] = first_of_each(_plurals())
+
+# All names and contexts. Every phrase that a request holds adds its element.
+# Order: that of the species, so anions last.
+ELEMENT_NAME_ALIASES: Final[Mapping[str, str]] = in_forms(
+    (ELEMENT_NAMES, as_element_name),
+    (HEAVIEST_NAMES, in_sentences),
+    (CONTEXTS, before_comma),
+    (ANION_NAMES, as_anion),
+    (ANION_PLURALS, alone),
+)

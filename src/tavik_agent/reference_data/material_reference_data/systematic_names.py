@@ -1,0 +1,176 @@
+"""Compound names that a rule makes: counted anions, and salts of two metals.
+
+Meaning: a lower-case name and the formula that it spells out.
+Criterion: the name has a counted prefix ("lutetium trihydride", "tantalum pentoxide"), or names an
+oxo anion whose compound with that metal has one common composition ("nickel ferrite", "terbium
+manganite"). With elements of group 13 and 15 "tri" before a chalcogen counts for two atoms
+(antimony trisulfide is Sb2S3), and so do "pent" with group 5 and 15 and "tri" in the oxides of the
+rare earths.
+Sources: Nomenclature of Inorganic Chemistry (IUPAC Recommendations 2005), stoichiometric names; CRC
+Handbook of Chemistry and Physics, 97th edition (2016), for the compositions of the salts.
+Left out: metals with several such salts (magnesium silicate stands with the open names; barium and
+strontium ferrite, lanthanum vanadate), counts that no compound has.
+A row here stands below the same name in another file.
+"""
+
+from collections.abc import Iterator, Mapping
+from typing import Final
+
+from .elements import ANION_NAMES, ELEMENT_NAMES
+from .written_forms import first_of_each
+
+_RARE_EARTHS: Final = (
+    "scandium yttrium lanthanum cerium praseodymium neodymium samarium europium gadolinium terbium "
+    "dysprosium holmium erbium thulium ytterbium lutetium"
+)
+_3D: Final = "titanium vanadium chromium manganese iron cobalt nickel copper"
+_EARLY: Final = "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten"
+_SULFIDES: Final = "gallium indium germanium tin lead calcium"
+_HALIDES: Final = ("fluoride", "chloride", "bromide", "iodide")
+_METALS: Final = (
+    "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten manganese "
+    "rhenium iron ruthenium osmium cobalt rhodium iridium nickel palladium platinum copper"
+)
+_MAIN_GROUP: Final = (
+    "beryllium magnesium calcium strontium barium zinc cadmium mercury aluminum aluminium gallium "
+    "indium tin lead silicon germanium"
+)
+_GROUP_15: Final = "arsenic antimony bismuth"
+_ACTINIDES: Final = "thorium uranium neptunium plutonium"
+_NAMES: Final = {**ELEMENT_NAMES, "tin": "Sn", "lead": "Pb", "zinc": "Zn"}
+
+# Anions, the counts that stand before them, and the elements that form such compounds.
+_COUNTED: Final = (
+    ("hydride", "di tri", f"{_RARE_EARTHS} {_EARLY} {_ACTINIDES} magnesium calcium aluminum"),
+    ("hydride", "hexa ennea deca", "lanthanum cerium yttrium calcium thorium magnesium lutetium"),
+    ("boride", "mono di tetra", f"{_METALS} magnesium aluminum yttrium uranium"),
+    ("boride", "hexa dodeca", f"{_RARE_EARTHS} zirconium calcium strontium barium uranium"),
+    ("carbide", "mono di", f"{_EARLY} yttrium lanthanum calcium {_ACTINIDES}"),
+    ("nitride", "mono di", f"{_EARLY} rhenium osmium platinum gadolinium uranium plutonium"),
+    ("silicide", "mono di", f"{_METALS} yttrium erbium gadolinium calcium barium uranium"),
+    ("phosphide", "mono di tri", f"{_METALS} zinc tin germanium"),
+    ("arsenide", "mono di tri", f"{_EARLY} iron cobalt nickel platinum zinc cadmium"),
+    ("antimonide", "mono di tri", "iron cobalt rhodium iridium nickel niobium chromium"),
+    ("oxide", "mono di tri", f"{_METALS} {_MAIN_GROUP} {_GROUP_15} {_ACTINIDES}"),
+    ("oxide", "di tri", "cerium praseodymium terbium tellurium selenium boron yttrium lanthanum"),
+    *((anion, "mono di tri", f"{_METALS} {_GROUP_15} {_SULFIDES} uranium lanthanum samarium "
+       "europium gadolinium") for anion in ("sulfide", "sulphide", "selenide", "telluride")),
+    ("telluride", "tri", "cerium lanthanum terbium dysprosium neodymium holmium"),
+    ("telluride", "penta", "zirconium hafnium"),
+    *((anion, "di tri", f"{_3D} {_MAIN_GROUP} {_GROUP_15} ruthenium molybdenum niobium europium "
+       "palladium platinum") for anion in _HALIDES),
+    *((anion, "tri", f"{_RARE_EARTHS} {_ACTINIDES} boron") for anion in _HALIDES),
+    *((anion, "tetra", f"{_EARLY} {_ACTINIDES} silicon germanium tin") for anion in _HALIDES),
+    ("fluoride", "penta hexa", "tungsten molybdenum uranium tantalum niobium arsenic antimony"),
+)  # fmt: skip
+_COUNTS: Final = {
+    "mono": 1, "di": 2, "tri": 3, "tetra": 4, "penta": 5, "hexa": 6, "ennea": 9, "deca": 10,
+    "dodeca": 12,
+}  # fmt: skip
+_CHALCOGENS: Final = ("O", "S", "Se", "Te")
+_TWO_OF_THREE: Final = ("B", "Al", "Ga", "In", "As", "Sb", "Bi")
+_TRIVALENT_SYMBOLS: Final = frozenset(_NAMES[name] for name in _RARE_EARTHS.split())
+
+# Oxides with the vowel dropped, and the sesqui compounds.
+_PENTOXIDES: Final = "vanadium niobium tantalum arsenic antimony phosphorus bismuth protactinium"
+_TETROXIDES: Final = "ruthenium osmium"
+
+# Salts of two metals: the anion, the formula with "A" for the metal, and the metals.
+_TRIVALENT: Final = f"{_RARE_EARTHS} bismuth"
+_DIVALENT: Final = "magnesium manganese iron cobalt nickel copper zinc cadmium"
+_SALTS: Final = (
+    ("titanate", "ATiO3", "calcium strontium barium lead magnesium zinc cadmium iron manganese "
+     "nickel cobalt europium"),
+    ("zirconate", "AZrO3", "calcium strontium barium lead"),
+    ("hafnate", "AHfO3", "calcium strontium barium lead"),
+    ("stannate", "ASnO3", "calcium strontium barium lead cadmium"),
+    ("cerate", "ACeO3", "strontium barium"),
+    ("plumbate", "APbO3", "barium strontium"),
+    ("bismuthate", "ABiO3", "barium sodium"),
+    ("iridate", "A2IrO4", "strontium barium"),
+    ("ruthenate", "ARuO3", "strontium calcium barium"),
+    ("niobate", "ANbO3", "lithium sodium potassium silver"),
+    ("niobate", "ANb2O6", f"{_DIVALENT} tin"),
+    ("tantalate", "ATaO3", "lithium sodium potassium silver"),
+    ("ferrite", "AFe2O4", f"{_DIVALENT} calcium"),
+    ("ferrite", "AFeO3", _TRIVALENT),
+    ("orthoferrite", "AFeO3", _TRIVALENT),
+    ("ferrate", "AFeO3", "strontium calcium lanthanum"),
+    ("chromite", "ACr2O4", _DIVALENT),
+    ("chromite", "ACrO3", _RARE_EARTHS),
+    ("orthochromite", "ACrO3", _RARE_EARTHS),
+    ("manganite", "AMnO3", f"{_TRIVALENT} calcium strontium barium"),
+    ("cobaltite", "ACoO3", f"{_TRIVALENT} strontium"),
+    ("cobaltate", "ACoO2", "lithium sodium"),
+    ("nickelate", "ANiO3", _TRIVALENT),
+    ("cuprate", "A2CuO4", "lanthanum neodymium praseodymium samarium"),
+    ("aluminate", "AAlO3", _RARE_EARTHS),
+    ("aluminate", "AAl2O4", f"{_DIVALENT} calcium strontium barium"),
+    ("aluminate", "AAlO2", "lithium sodium potassium"),
+    ("gallate", "AGaO3", _RARE_EARTHS),
+    ("gallate", "AGa2O4", "zinc magnesium"),
+    ("scandate", "AScO3", _RARE_EARTHS),
+    ("vanadate", "AVO4", "yttrium bismuth indium iron gadolinium lutetium"),
+    ("orthovanadate", "AVO4", _TRIVALENT),
+    ("tungstate", "AWO4", f"{_DIVALENT} calcium strontium barium lead"),
+    ("molybdate", "AMoO4", f"{_DIVALENT} calcium strontium barium lead"),
+    ("germanate", "AGeO3", "copper manganese"),
+    ("silicate", "ASiO4", "zirconium hafnium thorium uranium"),
+    ("orthosilicate", "A2SiO4", "magnesium calcium iron manganese cobalt zinc"),
+    ("metasilicate", "ASiO3", "magnesium calcium iron"),
+    ("phosphate", "APO4", f"{_RARE_EARTHS} aluminum aluminium gallium iron boron"),
+    ("phosphate", "A3PO4", "lithium sodium silver"),
+    ("borate", "ABO3", _RARE_EARTHS),
+    ("carbonate", "ACO3", f"{_DIVALENT} calcium strontium barium lead"),
+    ("carbonate", "A2CO3", "lithium sodium potassium"),
+    ("sulfate", "ASO4", f"{_DIVALENT} calcium strontium barium lead"),
+    ("sulfate", "A2SO4", "lithium sodium potassium"),
+    ("sulphate", "ASO4", f"{_DIVALENT} calcium strontium barium lead"),
+    ("sulphate", "A2SO4", "lithium sodium potassium"),
+    ("nitrate", "ANO3", "lithium sodium potassium silver"),
+    ("hydroxide", "AOH", "lithium sodium potassium"),
+    ("hydroxide", "AO2H2", f"{_DIVALENT} calcium strontium barium"),
+    ("hydroxide", "AO3H3", "aluminum aluminium iron lanthanum"),
+    ("borohydride", "ABH4", "lithium sodium potassium"),
+    ("alanate", "AAlH4", "lithium sodium potassium"),
+)  # fmt: skip
+
+
+def _formula(symbol: str, anion: str, count: int) -> str:
+    """One atom of the element with so many of the anion; see the head for two of three."""
+    trivalent = anion == "O" and symbol in _TRIVALENT_SYMBOLS
+    if count == 3 and anion in _CHALCOGENS and (symbol in _TWO_OF_THREE or trivalent):
+        return f"{symbol}2{anion}3"
+    return f"{symbol}{anion}{count if count > 1 else ''}"
+
+
+def _with_prefix(prefix: str, anion: str) -> str:
+    """Mon(o)oxide loses a vowel, the others keep theirs."""
+    return ("mon" if prefix == "mono" and anion == "oxide" else prefix) + anion
+
+
+def _counted() -> Iterator[tuple[str, str]]:
+    for anion, prefixes, elements in _COUNTED:
+        for name in elements.split():
+            for prefix in prefixes.split():
+                formula = _formula(_NAMES[name], ANION_NAMES[anion], _COUNTS[prefix])
+                yield f"{name} {_with_prefix(prefix, anion)}", formula
+                if anion == "iodide" and prefix in ("di", "tri"):
+                    yield f"{name} {prefix}-iodide", formula
+    for name in _PENTOXIDES.split():
+        yield f"{name} pentoxide", f"{_NAMES[name]}2O5"
+    for name in _TETROXIDES.split():
+        yield f"{name} tetroxide", f"{_NAMES[name]}O4"
+    for name in f"{_RARE_EARTHS} {_METALS} aluminum aluminium gallium indium bismuth".split():
+        yield f"{name} sesquioxide", f"{_NAMES[name]}2O3"
+        yield f"{name} sesquisulfide", f"{_NAMES[name]}2S3"
+
+
+def _salts() -> Iterator[tuple[str, str]]:
+    for anion, pattern, metals in _SALTS:
+        for name in metals.split():
+            yield f"{name} {anion}", _NAMES[name] + pattern[1:]
+
+
+SALTS: Final[Mapping[str, str]] = first_of_each(_salts())
+SYSTEMATIC_NAMES: Final[Mapping[str, str]] = first_of_each(_counted())

@@ -1,0 +1,150 @@
+"""The forms in which names and formulas stand in text.
+
+A phrase is found only where blanks or the ends of the text stand on both sides of it. So
+"(silicon)" and "Fe$_2$O$_3$," are found only if rows hold them with what touches them. The tables
+list each name and formula once, in plain form; the functions of this file make the other forms.
+
+Sources: none needed. Which forms are made was chosen on titles and first sentences of forum threads
+and papers; each form costs a row for every phrase, so the rare ones are left out. In capitals and
+without subscripts the formula scan reads a formula behind any mark by itself; its forms here serve
+small letters, and the rank of a host above what is written before it.
+"""
+
+from collections.abc import Callable, Iterable, Mapping
+from types import MappingProxyType
+from typing import Final
+
+# What a hyphen joins to the name of an element that is a guest. "Based", "rich" and "ion" are not
+# here: in "iron-based superconductors" iron alone would make a metal of them.
+_JOINED: Final = (
+    "-doped", "-codoped", "-terminated", "-substituted", "-decorated", "-intercalated",
+    "-passivated", "-covered", "-vacancy", "-induced", "-deficient",
+)  # fmt: skip
+# The dashes that are typed or typeset for a hyphen: hyphen, non-breaking hyphen, en dash.
+_DASHES: Final = ("\u2010", "\u2011", "\u2013")
+_DIGITS: Final = "0123456789"
+_SUBSCRIPTS: Final = str.maketrans(_DIGITS, "₀₁₂₃₄₅₆₇₈₉")
+# A count between two characters that occur in no formula; those of a longer count are joined.
+_OPEN, _CLOSE = "<>"
+_MARKED: Final = str.maketrans({digit: f"{_OPEN}{digit}{_CLOSE}" for digit in _DIGITS})
+
+
+def alone(phrase: str) -> tuple[str, ...]:
+    """The phrase by itself; for spellings that are many and rare."""
+    return (phrase,)
+
+
+def as_anion(name: str) -> tuple[str, ...]:
+    """The name of an anion in every form that the element before it may be found in."""
+    return (
+        *in_sentences(name), name + ")", name + "),", name + ").", name + '"', name + "...",
+        name + "…", name + "!", name + "'s", name + "’s", name + "-based",
+    )  # fmt: skip
+
+
+def as_salt(name: str) -> tuple[str, ...]:
+    """A name of two metals; in a form without a row it would be read as the first metal."""
+    return (name, name + ",", name + ".", name + ")", f"({name})", name + "-based")
+
+
+def as_rare_name(name: str) -> tuple[str, ...]:
+    """A name as it stands in sentences and in brackets."""
+    return (*in_sentences(name), name + ")", f"({name})")
+
+
+def before_comma(phrase: str) -> tuple[str, ...]:
+    """The phrase before a comma; for phrases that are many and rarely end a sentence."""
+    return (phrase, phrase + ",")
+
+
+def in_phrases(phrase: str) -> tuple[str, ...]:
+    """The phrase before a comma or full stop; for phrases that are many."""
+    return (phrase, phrase + ",", phrase + ".")
+
+
+def in_sentences(phrase: str) -> tuple[str, ...]:
+    """The phrase before the marks of a sentence."""
+    return (phrase, phrase + ",", phrase + ".", phrase + ";", phrase + ":", phrase + "?")
+
+
+def as_name(name: str) -> tuple[str, ...]:
+    """A name as it stands in sentences, brackets and quotation marks, with any dash in it."""
+    forms = (
+        *in_sentences(name), name + ")", name + ").", "(" + name, f"({name})", f'"{name}"',
+    )  # fmt: skip
+    if "-" in name:
+        return (*forms, *(name.replace("-", dash) for dash in _DASHES))
+    return forms
+
+
+def as_element_name(name: str) -> tuple[str, ...]:
+    """The name of an element in sentences and brackets, and with what a hyphen joins to it.
+
+    It is not read behind a bracket that stays open: "(sodium chloride" is about a compound.
+    """
+    return (
+        *in_sentences(name), name + ")", name + "),", name + ").", f"({name})", f"({name},",
+        f"({name}),", f"({name}).", f'"{name}"', f"'{name}'", f"“{name}”",
+        name + "'s", name + "’s", name + "...", name + "…", "bulk-" + name, "nano-" + name,
+        *(name + word for word in _JOINED),
+    )  # fmt: skip
+
+
+def _marked(formula: str) -> str:
+    return formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
+
+
+def as_plain_subscripts(formula: str) -> tuple[str, ...]:
+    """A lower-case formula with its counts as subscripts, in Unicode and in LaTeX."""
+    characters = formula.translate(_SUBSCRIPTS)
+    if characters == formula:
+        return ()
+    return (characters, _marked(formula).replace(_OPEN, "$_").replace(_CLOSE, "$"))
+
+
+def as_subscripts(formula: str) -> tuple[str, ...]:
+    """As above before marks and in brackets, and with underscores and HTML."""
+    if formula.isalpha():
+        return ()
+    characters, latex = as_plain_subscripts(formula)
+    marked = _marked(formula)
+    return (
+        characters, characters + ",", latex, latex + ",", latex + ".", latex + ":", f"({latex})",
+        marked.replace(_OPEN, "$_{").replace(_CLOSE, "}$"),
+        marked.replace(_OPEN, "_").replace(_CLOSE, ""),
+        marked.replace(_OPEN, "<sub").replace(_CLOSE, "</sub>").replace("<sub", "<sub>"),
+    )  # fmt: skip
+
+
+def as_formula(formula: str) -> tuple[str, ...]:
+    """A lower-case formula before the marks of a sentence and a bracket, and with subscripts."""
+    return (
+        formula, formula + ",", formula + ".", formula + ":", formula + "?", formula + ")",
+        *as_subscripts(formula),
+    )  # fmt: skip
+
+
+def as_rare_formula(formula: str) -> tuple[str, ...]:
+    """A lower-case formula in plain form, and with subscripts in Unicode and LaTeX."""
+    return (formula, *as_plain_subscripts(formula))
+
+
+def in_forms(
+    *tables: tuple[Mapping[str, str], Callable[[str], tuple[str, ...]]],
+) -> Mapping[str, str]:
+    """The rows of the tables in their forms and order; of rows with one phrase the first stands."""
+    together: dict[str, str] = {}
+    add = together.setdefault
+    for table, forms in tables:
+        for phrase, value in table.items():
+            for form in forms(phrase):
+                add(form, value)
+    return MappingProxyType(together)
+
+
+def first_of_each(pairs: Iterable[tuple[str, str]]) -> Mapping[str, str]:
+    """The rows as a table; of rows with the same phrase the first stands."""
+    together: dict[str, str] = {}
+    for phrase, value in pairs:
+        together.setdefault(phrase, value)
+    return MappingProxyType(together)
