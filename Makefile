@@ -1,6 +1,6 @@
 # The commands of a working copy. Each sets up what it needs on first use, in .venv.
 #   make run [QUERY="..."]   characterize a request
-#   make test                run all tests
+#   make test [ARGS="-k magnetic"]          run all tests, or some of them
 #   make score [FILES="..."] how often a record is right, by field and by group
 #   make lint                formatters in check mode, static checks, types
 #   make fuzz [SECONDS=300] [SEED=...]      check random requests for that long
@@ -36,7 +36,7 @@ run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
 
 test: check-tools $(module_ready)
-	@$(bin)/python -m pytest
+	@$(bin)/python -m pytest $(ARGS)
 
 score: check-tools $(module_ready)
 	@$(bin)/python evaluation/score.py $(FILES)

@@ -15,7 +15,7 @@ from . import properties
 
 REQUESTS = [
     request
-    for path in sorted((Path(__file__).parents[1] / "requests").glob("*.toml"))
+    for path in sorted((Path(__file__).parents[2] / "evaluation").glob("*.toml"))
     for group in tomllib.loads(path.read_text()).values()
     for request in group
 ]
