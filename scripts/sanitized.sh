@@ -1,8 +1,8 @@
 #!/bin/sh
-# Runs a command of the host on the sanitized build; any finding ends in a failure.
+# Runs a Python command on the sanitized build; any finding ends in a failure.
 # Usage: sanitized.sh CXX DIRECTORY COMMAND..., where DIRECTORY/site holds the build.
-# Of what is still allocated at the end only what the module allocated counts: the host itself
-# leaves much behind, and keeps the names in a code object for good.
+# Of what is still allocated at the end only what the module allocated counts: Python itself leaves
+# much behind.
 cxx=$1
 directory=$(cd "$2" && pwd) # as seen from any directory that a test goes to
 shift 2
@@ -18,10 +18,9 @@ for library in libasan.so libubsan.so libstdc++.so; do
 done
 
 rm -f "$directory"/report.*
-echo "leak:code_of" > "$directory/kept"
 LD_PRELOAD=$preload PYTHONMALLOC=malloc PYTHONPATH="$directory/site:tests" \
   ASAN_OPTIONS=log_path="$directory/report",allocator_may_return_null=1,malloc_context_size=12 \
-  UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=exitcode=0,print_suppressions=0,suppressions="$directory/kept" "$@"
+  UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=exitcode=0 "$@"
 status=$?
 if grep -lE "tavik_agent/|ERROR: AddressSanitizer|runtime error" "$directory"/report.* 2>/dev/null; then
   echo "the sanitizers found something, see the files above" >&2

@@ -3,8 +3,6 @@
 #include "py/strings.hpp"
 
 #include <algorithm>
-#include <array>
-#include <memory_resource>
 #include <string>
 
 #include "py/calls.hpp"
@@ -49,7 +47,7 @@ bool is_plain_word(const Object& value) {
 
 /// Adds repr(list) when the value is an exact list of plain words, as a list of species is; whether
 /// it did. Python's repr, made for all that a list may hold, takes several times as long.
-bool add_list_of_words(std::pmr::string& to, const Object& value) {
+bool add_list_of_words(std::string& to, const Object& value) {
   if (!is_exact_list(value) || is_empty(value)) return false;
   const std::size_t begin = to.size();
   std::string_view separator = "['";
@@ -136,9 +134,10 @@ Object join_with_blanks(const Object& list) {
 }
 
 Object message(std::string_view prefix, const Object& value, std::string_view suffix) {
-  std::array<std::byte, 256> room{};  // enough for most messages
-  std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
-  std::pmr::string whole(prefix, &memory);
+  constexpr std::size_t length_of_most = 128;
+  std::string whole;
+  whole.reserve(length_of_most);
+  whole += prefix;
   if (!add_list_of_words(whole, value)) whole += Utf8(text_form(value)).view();
   return string(whole += suffix);
 }

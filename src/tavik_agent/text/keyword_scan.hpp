@@ -16,7 +16,7 @@ class Mentions {
   void add(Group group) { groups_.set(static_cast<std::size_t>(group)); }
 
  private:
-  std::bitset<group_count> groups_;
+  std::bitset<most_groups> groups_;
 };
 
 Mentions find_keywords(std::string_view lowered, const CharacterTables& tables);

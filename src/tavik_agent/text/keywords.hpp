@@ -188,9 +188,14 @@ inline constexpr auto keywords = std::to_array<Keyword>({
 });
 // clang-format on
 
-inline constexpr std::size_t group_count =
-    static_cast<std::size_t>(std::ranges::max(keywords, {}, &Keyword::group).group) + 1;
+/// How many groups there can be.
+inline constexpr std::size_t most_groups = 64;
 
+static_assert(std::ranges::all_of(keywords,
+                                  [](auto& keyword) {
+                                    return static_cast<std::size_t>(keyword.group) < most_groups;
+                                  }),
+              "what a text mentions is noted with a bit for each of 64 groups");
 static_assert(keywords.size() <= std::numeric_limits<std::uint16_t>::max(),
               "the search numbers the keywords with 16 bits");
 static_assert(std::ranges::all_of(keywords, [](auto& keyword) { return keyword.text.size() > 1; }),
