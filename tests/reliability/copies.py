@@ -1,5 +1,6 @@
 """Module objects beside the imported one."""
 
+import contextlib
 import importlib.machinery
 import importlib.util
 import time
@@ -8,6 +9,9 @@ from unittest import mock
 
 from tavik_agent import material_characterization as mc
 from tavik_agent import material_reference_data as reference
+from tavik_agent import method_acronyms as acronyms
+
+from . import calls
 
 LOADER = importlib.machinery.ExtensionFileLoader(mc.__name__, mc.__file__)
 PLAIN = {types.MappingProxyType: dict, frozenset: set, set: frozenset}
@@ -22,6 +26,42 @@ def fresh():
     module = unloaded()
     LOADER.exec_module(module)
     return module
+
+
+WORDS = {word for make in calls.FUNCTIONS.values() for word in str(make()).lower().split()}
+WORDS |= {word.strip(marks) for word in WORDS for marks in ("'{}[]", "',{}[]")}
+
+
+def shortened(phrases):
+    """A row in five hundred, and those that may stand in the texts of the good calls."""
+    kept = {
+        phrase: meaning
+        for number, (phrase, meaning) in enumerate(phrases.items())
+        if number % 500 == 0 or {*phrase.split()} <= WORDS
+    }
+    return types.MappingProxyType(kept)
+
+
+SHORT_TABLES = {
+    "FORMULA_ALIASES": shortened(reference.FORMULA_ALIASES),
+    "ELEMENT_NAME_ALIASES": shortened(reference.ELEMENT_NAME_ALIASES),
+}
+SHORT_ACRONYMS = frozenset({"DFT", *sorted(acronyms.METHOD_ACRONYMS)[::500]})
+
+
+@contextlib.contextmanager
+def short_companions():
+    with (
+        mock.patch.multiple(reference, **SHORT_TABLES),
+        mock.patch.object(acronyms, "METHOD_ACRONYMS", SHORT_ACRONYMS),
+    ):
+        yield
+
+
+def small():
+    """A fresh module with tables that are short, for those who load very many."""
+    with short_companions():
+        return fresh()
 
 
 def unwatched():

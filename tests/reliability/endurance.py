@@ -71,10 +71,10 @@ def fail_each_allocation(start_failing, prepare, call, check):
 
 def check_failing_memory(start_failing):
     """Every function's first call after loading, its refusals, and loading. Gives the failures."""
-    loaded = copies.fresh()
+    loaded = copies.small()
 
     for name in calls.FUNCTIONS:
-        for prepare, make in ((copies.fresh, calls.result), (lambda: loaded, refused)):
+        for prepare, make in ((copies.small, calls.result), (lambda: loaded, refused)):
 
             def call(module, make=make, name=name):
                 return make(module, name)
@@ -89,8 +89,9 @@ def check_failing_memory(start_failing):
         if found is not MemoryError:
             assert {name: calls.result(module, name) for name in EXPECTED} == EXPECTED
 
-    load = copies.LOADER.exec_module
-    yield fail_each_allocation(start_failing, copies.unloaded, load, check_loaded)
+    with copies.short_companions():
+        load = copies.LOADER.exec_module
+        yield fail_each_allocation(start_failing, copies.unloaded, load, check_loaded)
 
 
 def sizes(watched):

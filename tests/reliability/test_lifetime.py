@@ -61,7 +61,7 @@ def test_module_lives_while_its_function_runs(borrowed, names):
             if name not in names:
                 continue
             if not modules:
-                modules.append(copies.fresh())
+                modules.append(copies.small())
                 module = weakref.ref(modules[0])
             call, drop = borrowed(getattr(modules[0], name), name, arguments)
             with contextlib.suppress(hostile.Failure, TypeError, ValueError, AttributeError):
