@@ -26,7 +26,7 @@ sanitized := build/sanitized
 sanitized_ready := $(sanitized)/.module
 cpp := $(shell find src -name '*.cpp' -o -name '*.hpp')
 py := $(shell find src -name '*.py' -o -name '*.pyi' -o -name py.typed)
-built_from := $(cpp) $(py) CMakeLists.txt pyproject.toml
+built_from := $(cpp) $(py) CMakeLists.txt pyproject.toml scripts/generate_headers.py
 install := $(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation \
   --no-deps --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON
 

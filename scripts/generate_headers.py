@@ -10,6 +10,7 @@ so a label or a signature is written once, in Python.
 
 import ast
 import importlib.util
+import json
 import re
 import sys
 import textwrap
@@ -49,9 +50,17 @@ def literals(types: ModuleType) -> dict[str, tuple[str, ...]]:
 
 def label_sets(types: ModuleType) -> dict[str, str]:
     """The names of the label sets, by the key of the record that holds such a label."""
-    hints = get_type_hints(vars(types)[RECORD])
-    names = {hint: key for key, hint in hints.items()}
-    return {names[v]: name for name, v in vars(types).items() if is_literal(v) and v in names}
+    assert types.__file__ is not None
+    tree = ast.parse(Path(types.__file__).read_text(encoding="utf-8"))
+    record = next(n for n in tree.body if isinstance(n, ast.ClassDef) and n.name == RECORD)
+    found: dict[str, str] = {}
+    for field in record.body:
+        if isinstance(field, ast.AnnAssign) and ast.unparse(field.annotation) in literals(types):
+            name = ast.unparse(field.annotation)
+            if name in found.values():
+                raise SystemExit(f"{name} is the label set of two keys of the record")
+            found[ast.unparse(field.target)] = name
+    return found
 
 
 def input_keys(types: ModuleType) -> list[str]:
@@ -62,7 +71,7 @@ def input_keys(types: ModuleType) -> list[str]:
 def enumeration(name: str, words: Iterable[str]) -> str:
     words = list(words)
     names = ", ".join(identifier(word) for word in words)
-    texts = ", ".join(f'"{word}"' for word in words)
+    texts = ", ".join(json.dumps(word) for word in words)
     return (
         f"enum class {name} : std::uint8_t {{ {names} }};\n"
         f"constexpr auto texts_of({name}) {{\n"
@@ -117,6 +126,8 @@ def imported_from(stub: ast.Module, module: str) -> list[str]:
 def parameters(function: ast.FunctionDef) -> Iterator[tuple[str, str, str]]:
     """Name, default as Python has it ("" for none) and kind of default in C++ of each parameter."""
     arguments = function.args
+    if arguments.posonlyargs or arguments.kwarg:
+        raise SystemExit(f"{function.name}: only named parameters, * and *args are supported")
     missing = [None] * (len(arguments.args) - len(arguments.defaults))
     defaults = [*missing, *arguments.defaults, *arguments.kw_defaults]
     for argument, default in zip(arguments.args + arguments.kwonlyargs, defaults, strict=True):
@@ -181,7 +192,10 @@ def signature(function: ast.FunctionDef, more: str) -> str:
 
 
 def functions_header(types: ModuleType, stub: ast.Module) -> str:
-    documented = [n for n in stub.body if isinstance(n, ast.FunctionDef) and docstring_of(n)]
+    functions = [n for n in stub.body if isinstance(n, ast.FunctionDef)]
+    documented = [n for n in functions if docstring_of(n)]  # of overloads the first
+    if forgotten := {n.name for n in functions} - {n.name for n in documented}:
+        raise SystemExit(f"without a docstring: {', '.join(sorted(forgotten))}")
     parts = [
         NOTICE.format("material_characterization.pyi"),
         '#include "bindings/signature.hpp"\n',

@@ -81,6 +81,16 @@ def test_phrases_as_tables_may_hold_them(with_tables, phrases, text, hint):
     assert with_tables(FORMULA_ALIASES=phrases)._formula_hint(text, []) == hint
 
 
+@pytest.mark.parametrize("phrases", [[], ["rust"], ["rust", "red rust"]])
+def test_short_tables(with_tables, phrases):
+    tables = {
+        "FORMULA_ALIASES": types.MappingProxyType(dict.fromkeys(phrases, "Fe2O3")),
+        "ELEMENT_NAME_ALIASES": types.MappingProxyType({}),
+    }
+    found = with_tables(**tables)._species_from_text("some rust on NiO")
+    assert found == (["Fe", "O", "Ni"] if phrases else ["Ni", "O"])
+
+
 def test_order_and_values_of_a_table_are_kept(with_tables):
     names = collections.OrderedDict(iron="".join(["F", "e"]), oxygen="O")
     names.move_to_end("iron")

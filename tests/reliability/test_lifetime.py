@@ -123,3 +123,25 @@ def test_nothing_that_records_are_made_from_can_be_changed():
     for known in [*held_by(module), *made]:
         overwrite(known)
     assert repr([module.characterize_material(**request) for request in requests]) == expected
+
+
+def test_module_refuses_calls_while_it_is_cleared():
+    class CallsBack:
+        def __init__(self, function):
+            self.function = weakref.ref(function)
+
+        def __del__(self):
+            with contextlib.suppress(RuntimeError):
+                answers.append(self.function()(["Fe"]))
+
+    class EndsUpInTheModule:
+        def __del__(self):
+            self.tokens.add(CallsBack(self.module.classify_system_class))
+
+    answers, module = [], copies.small()
+    end = EndsUpInTheModule()
+    end.module, end.tokens, module.end = module, module._NON_FORMULA_TOKENS, end
+    del module._NON_FORMULA_TOKENS, end, module  # the set is held by the module alone
+    gc.collect()
+    gc.collect()
+    assert answers in ([], ["metal"])

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <exception>
 #include <new>
 #include <tuple>
 #include <type_traits>
@@ -26,6 +28,9 @@ auto guarded(Body body, std::invoke_result_t<Body> failure) noexcept -> std::inv
   } catch (const std::bad_alloc&) {
     PyErr_NoMemory();
     return failure;
+  } catch (const std::exception& error) {
+    PyErr_SetString(PyExc_SystemError, error.what());
+    return failure;
   }
 }
 
@@ -40,10 +45,10 @@ class Nested {
   ~Nested() { Py_LeaveRecursiveCall(); }
 };
 /// The limit is made for functions with smaller frames. A call here takes three times their stack,
-/// and Python code that it runs may make another, so it counts three times, once by Python itself.
+/// so it counts three times: Python counts one, this counts two.
 using Nesting = std::array<Nested, 2>;
 
-/// The state of a loaded module.
+/// A RuntimeError when the module is not loaded.
 const ModuleState& state_of(const Object& module);
 
 template <class Result, class... Parameters, std::size_t... I>

@@ -22,7 +22,7 @@ constexpr std::string_view formula_part_pattern = R"(([A-Z][a-z]?)(\d*))";
 
 void fill_namespace(const py::Object& names) {
   const auto bind = [&](std::string_view name, const py::Object& value) {
-    py::set(names, py::string(name), value);
+    py::set_item(names, py::string(name), value);
   };
   const py::Object acronyms = py::import_from(acronyms_module, "METHOD_ACRONYMS");
   bind("METHOD_ACRONYMS", acronyms);

@@ -1,4 +1,6 @@
 // The extension module tavik_agent.material_characterization: its functions and its life.
+#include <memory>
+
 #include "bindings/entry.hpp"
 #include "bindings/load.hpp"
 #include "generated/functions.hpp"
@@ -9,7 +11,7 @@ namespace {
 namespace rules = characterization;
 
 struct Storage {
-  ModuleState* state;  ///< none before the module is loaded
+  ModuleState* state;  ///< none before the module is loaded, and none once Python clears it
 };
 
 Storage* storage_of(PyObject* module) { return static_cast<Storage*>(PyModule_GetState(module)); }
@@ -33,23 +35,19 @@ int load(PyObject* module) noexcept {
       -1);
 }
 
-int traverse(PyObject* module, visitproc visit, void* arg) {
+int traverse(PyObject* module, visitproc visit, void* arg) noexcept {
   ModuleState* const held = storage_of(module)->state;
   if (held == nullptr) return 0;
   return held->for_each_held([&](Object& object) { return visit(object.get(), arg); });
 }
 
-int clear(PyObject* module) {
-  ModuleState* const held = storage_of(module)->state;
-  if (held == nullptr) return 0;
-  held->stop_watching();
-  return held->for_each_held([](Object& object) {
-    object = Object();
-    return 0;
-  });
+int clear(PyObject* module) noexcept {
+  // Letting go of an object can run Python code that calls the module: it finds it not loaded.
+  const std::unique_ptr<ModuleState> held(std::exchange(storage_of(module)->state, nullptr));
+  return 0;
 }
 
-void unload(void* module) { delete storage_of(static_cast<PyObject*>(module))->state; }
+void unload(void* module) noexcept { clear(static_cast<PyObject*>(module)); }
 
 // Python keeps pointers into these tables and never changes them.
 PyMethodDef functions[] = {
@@ -64,7 +62,8 @@ PyMethodDef functions[] = {
 
 PyModuleDef_Slot slots[] = {
     {Py_mod_exec, reinterpret_cast<void*>(load)},
-    // All state belongs to one module object and is only read after loading.
+    // All state belongs to one module object. After loading it is only read, but for two atomics:
+    // the once-cell of the index, and the bits that tell which names were bound anew.
     {Py_mod_multiple_interpreters, Py_MOD_PER_INTERPRETER_GIL_SUPPORTED},
     {Py_mod_gil, Py_MOD_GIL_NOT_USED},
     {0, nullptr},
@@ -86,7 +85,7 @@ PyModuleDef definition = {
 
 const ModuleState& state_of(const Object& module) {
   const Storage* const storage = storage_of(module.get());
-  if (storage == nullptr || storage->state == nullptr || !storage->state->is_live()) {
+  if (storage == nullptr || storage->state == nullptr) {
     py::raise(PyExc_RuntimeError, "material_characterization is not loaded");
   }
   return *storage->state;

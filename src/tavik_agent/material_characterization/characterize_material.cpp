@@ -18,7 +18,7 @@ Object characterize_material(const ModuleState& module, const Object& step,
                              const Object& step_params, Text& query_text, const Object& findings,
                              const Object& planner_manifest, const Object& previous_steps_params,
                              const Object& base_characterization, const Object& query_intent) {
-  // Emptiness is a question to Python, so the order in which it is asked is part of the contract.
+  // Telling whether a value is empty may run Python code, so the order is part of the contract.
   const Object params = or_empty_mapping(step_params);
   const Object earlier_params = or_no_object(previous_steps_params);
   const Object manifest = or_no_object(planner_manifest);

@@ -27,11 +27,9 @@ inline constexpr auto all_words = [] {
   return words;
 }();
 
-template <class TheWord>
+template <class Word>
 class ByWord {
  public:
-  using Word = TheWord;
-
   Object& operator[](Word word) { return objects_[static_cast<std::size_t>(word)]; }
   const Object& operator[](Word word) const { return objects_[static_cast<std::size_t>(word)]; }
   auto begin() { return objects_.begin(); }

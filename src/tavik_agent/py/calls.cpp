@@ -49,9 +49,9 @@ Object import_from(std::string_view module, std::string_view name) {
 }
 
 void throw_with(const char* attribute, const Object& value) {
-  const Object error = Object::steal(PyErr_GetRaisedException());
-  check(PyObject_SetAttrString(error.get(), attribute, value.get()));
-  PyErr_SetRaisedException(error.new_ref().release());
+  Object error = Object::steal(PyErr_GetRaisedException());
+  if (PyObject_SetAttrString(error.get(), attribute, value.get()) < 0) PyErr_Clear();
+  PyErr_SetRaisedException(error.release());
   throw Error{};
 }
 

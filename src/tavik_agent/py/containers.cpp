@@ -69,6 +69,14 @@ Object values_of(const Object& dict) {
   return Object::steal(PyList_AsTuple(Object::steal(PyDict_Values(dict.get())).get()));
 }
 
+bool all_exact_strings(const Object& tuple) {
+  Iterator items(tuple);
+  while (const Object item = items.next()) {
+    if (!is_exact_string(item)) return false;
+  }
+  return true;
+}
+
 Iterator::Iterator(const Object& iterable) {
   PyObject* const object = iterable.get();
   walked_ = PyList_CheckExact(object) || PyTuple_CheckExact(object)

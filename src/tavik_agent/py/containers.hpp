@@ -53,7 +53,7 @@ inline Object new_dict() { return Object::steal(PyDict_New()); }
 /// dict(mapping)
 Object dict_of(const Object& mapping);
 /// dict[key] = value
-inline void set(const Object& dict, const Object& key, const Object& value) {
+inline void set_item(const Object& dict, const Object& key, const Object& value) {
   check(PyDict_SetItem(dict.get(), key.get(), value.get()));
 }
 /// dict.setdefault(key, value)
@@ -61,6 +61,9 @@ void set_default(const Object& dict, const Object& key, const Object& value);
 /// tuple(dict) and tuple(dict.values()), for an exact dict
 Object keys_of(const Object& dict);
 Object values_of(const Object& dict);
+
+/// Whether every item of an exact tuple is an exact string.
+bool all_exact_strings(const Object& tuple);
 
 /// Walks an iterable in Python's way: a list may change while it is walked.
 class Iterator {

@@ -10,7 +10,7 @@ class OrderedSet {
  public:
   void add(const Object& item) {
     if (!items_) items_ = new_dict();
-    set(items_, item, none());
+    set_item(items_, item, none());
   }
   void add_all(const Object& iterable) {
     Iterator items(iterable);

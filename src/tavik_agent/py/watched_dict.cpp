@@ -1,6 +1,8 @@
 // A watcher's callback is given the dict and nothing of ours. So each watch puts a capsule that
 // leads to it into the dict that Python keeps for the data of extensions in an interpreter, out of
-// reach of Python code, and the callback looks through these.
+// reach of Python code, and the callback looks through these. It runs within the change of a dict,
+// so it must not wait for a lock that lets go of others: without the global lock nothing is
+// watched.
 #include "py/watched_dict.hpp"
 
 namespace tavik::py {
@@ -8,7 +10,13 @@ namespace {
 
 constexpr char capsule_name[] = "tavik_agent.material_characterization.DictWatch";
 
-/// The interpreter's dict for the data of extensions; no object when it has none (any more).
+#ifdef Py_GIL_DISABLED
+constexpr bool has_global_lock = false;
+#else
+constexpr bool has_global_lock = true;
+#endif
+
+/// The interpreter's dict for the data of extensions; no object when Python cannot make it.
 PyObject* extension_data() { return PyInterpreterState_GetDict(PyInterpreterState_Get()); }
 
 /// Keeps the error that is set meanwhile, and drops any other.
@@ -26,7 +34,7 @@ class KeepingError {
 }  // namespace
 
 void DictWatch::start() {
-  PyObject* const data = extension_data();
+  PyObject* const data = has_global_lock ? extension_data() : nullptr;
   if (data == nullptr) return;
   watcher_ = PyDict_AddWatcher(notify);
   if (watcher_ < 0) return PyErr_Clear();  // all of them are taken
@@ -50,14 +58,12 @@ DictListener* DictWatch::listener_of(PyObject* dict) {
   DictListener* found = nullptr;
   PyObject* const data = extension_data();
   if (data == nullptr) return nullptr;
-  Py_BEGIN_CRITICAL_SECTION(data);
   PyObject* capsule = nullptr;
   for (Py_ssize_t at = 0; found == nullptr && PyDict_Next(data, &at, nullptr, &capsule);) {
     if (!PyCapsule_IsValid(capsule, capsule_name)) continue;
     auto* const watch = static_cast<DictWatch*>(PyCapsule_GetPointer(capsule, capsule_name));
     if (watch->dict_ == dict) found = &watch->listener_;
   }
-  Py_END_CRITICAL_SECTION();
   return found;
 }
 

@@ -15,9 +15,9 @@ class DictListener {
   ~DictListener() = default;
 };
 
-/// Watches a dict for as long as it lives. Python has few watchers for each interpreter;
-/// is_active() tells whether one could be had. Neither the dict nor the listener may go before the
-/// watch does.
+/// Watches a dict for as long as it lives. Python has eight watchers for each interpreter, of which
+/// a watch takes one; is_active() tells whether it could be had. Neither the dict nor the listener
+/// may go before the watch does.
 class DictWatch {
  public:
   DictWatch(const Object& dict, DictListener& listener) : DictWatch(dict.get(), listener) {

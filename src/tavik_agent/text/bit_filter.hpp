@@ -7,7 +7,8 @@
 
 namespace tavik::text {
 
-/// Words is an array or a vector of 64-bit words; how many there are is a power of two.
+/// Words is an array or a vector of 64-bit words; how many there are is a power of two, one or
+/// more.
 template <class Words>
 class BitFilter {
  public:

@@ -11,7 +11,7 @@ that is rebound here, in a test say, takes effect with the next call.
 
 import re
 from collections.abc import Iterable, Mapping, Sequence
-from typing import Any, Final, overload
+from typing import Any, overload
 
 from tavik_agent.characterization_types import (
     CharacterizationRecord,
@@ -39,9 +39,9 @@ from tavik_agent.material_reference_data import (
 )
 from tavik_agent.method_acronyms import METHOD_ACRONYMS as METHOD_ACRONYMS
 
-_FORMULA_TOKEN_RE: Final[re.Pattern[str]]
-_FORMULA_PART_RE: Final[re.Pattern[str]]
-_NON_FORMULA_TOKENS: Final[set[str]]
+_FORMULA_TOKEN_RE: re.Pattern[str]
+_FORMULA_PART_RE: re.Pattern[str]
+_NON_FORMULA_TOKENS: set[str]
 
 @overload
 def characterize_material(

@@ -8,34 +8,40 @@
 #include "py/containers.hpp"
 
 namespace tavik::characterization {
+
+using py::Object;
+
 namespace {
 
 std::string between_blanks(std::string_view words) {
   return std::string(" ").append(words).append(" ");
 }
 
+/// The rows of a mapping that will not change and has plain strings for phrases, as a dict of its
+/// own; no object for any other mapping.
+Object indexable_copy(const Object& mapping) {
+  if (!py::is_read_only_mapping(mapping)) return {};
+  Object rows = py::call_method(mapping, "copy");
+  const bool is_plain = py::is_exact_dict(rows) && py::all_exact_strings(py::keys_of(rows));
+  return is_plain ? std::move(rows) : Object();
+}
+
 }  // namespace
 
-PhraseTables::Table PhraseTables::read(const py::Object& mapping, text::Phrases& phrases) {
+PhraseTables::Table PhraseTables::read(const Object& mapping, text::Phrases& phrases) {
   Table table;
   table.mapping = mapping.new_ref();
-  if (!py::is_read_only_mapping(mapping)) return table;
-  const py::Object rows = py::call_method(mapping, "copy");
-  if (!py::is_exact_dict(rows)) return table;
-  const py::Object keys = py::keys_of(rows);
-  text::Phrases more = phrases;
-  py::Iterator walk(keys);
-  while (const py::Object phrase = walk.next()) {
-    if (!py::is_exact_string(phrase)) return table;
-    more.add(py::Utf8(phrase).view());
-  }
-  table.first_row = std::exchange(phrases, std::move(more)).count();
+  const Object rows = indexable_copy(mapping);
+  if (!rows) return table;
+  table.first_row = phrases.count();
+  py::Iterator walk(py::keys_of(rows));
+  while (const Object phrase = walk.next()) phrases.add(py::Utf8(phrase).view());
   table.end_row = phrases.count();
   table.meanings = py::values_of(rows);
   return table;
 }
 
-PhraseTables::PhraseTables(const py::Object& aliases, const py::Object& names) {
+PhraseTables::PhraseTables(const Object& aliases, const Object& names) {
   text::Phrases phrases;
   tables_[formula_aliases] = read(aliases, phrases);
   tables_[element_names] = read(names, phrases);
@@ -51,10 +57,10 @@ void PhraseTables::for_each_match(Which which, py::Text& text, const PhraseVisit
   }
 }
 
-void for_each_match(const py::Object& mapping, py::Text& given, const PhraseVisitor& visit) {
+void for_each_match(const Object& mapping, py::Text& given, const PhraseVisitor& visit) {
   const std::string text = between_blanks(given.stripped());
   py::Iterator rows(py::items(mapping));
-  while (const py::Object row = rows.next()) {
+  while (const Object row = rows.next()) {
     const auto [phrase, meaning] = py::unpack_pair(row);
     const std::string sought = between_blanks(py::Utf8(py::text_form(phrase)).view());
     if (text.find(sought) != std::string::npos && !visit(meaning)) return;

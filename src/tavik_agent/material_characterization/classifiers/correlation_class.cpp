@@ -1,7 +1,7 @@
 // Whether electron correlation asks for more than plain DFT: the intent decides alone, then
 // wording, then reference data. A simple request switches wording and reference data off.
+#include "material_characterization/classifiers/intent.hpp"
 #include "material_characterization/classifiers/reference_tables.hpp"
-#include "material_characterization/vocabulary/intent.hpp"
 
 namespace tavik::characterization {
 namespace {
@@ -21,9 +21,9 @@ CorrelationClass _correlation_class(const ModuleState& module, const Object& spe
                                     const Object& intent_correlation,
                                     const Object& intent_complexity) {
   using enum CorrelationClass;
-  if (is(intent_correlation, IntentCorrelation::dft_plus_u)) return dftu_sensitive;
-  if (is(intent_correlation, IntentCorrelation::hybrid)) return dftu_sensitive;
-  if (is(intent_correlation, IntentCorrelation::plain_dft)) return plain_dft;
+  if (equals(intent_correlation, IntentCorrelation::dft_plus_u)) return dftu_sensitive;
+  if (equals(intent_correlation, IntentCorrelation::hybrid)) return dftu_sensitive;
+  if (equals(intent_correlation, IntentCorrelation::plain_dft)) return plain_dft;
   if (is_simple_request(intent_complexity)) return plain_dft;
   if (combined_text.mentions(text::Group::dft_plus_u)) return dftu_sensitive;
   if (is_in(module, Global::DFTU_SENSITIVE_FORMULAS, formula_hint)) return dftu_sensitive;

@@ -1,7 +1,7 @@
 // The magnetic character of a material: the intent decides first, then explicit wording, then
 // species and formula.
+#include "material_characterization/classifiers/intent.hpp"
 #include "material_characterization/classifiers/reference_tables.hpp"
-#include "material_characterization/vocabulary/intent.hpp"
 
 namespace tavik::characterization {
 namespace {
@@ -58,18 +58,18 @@ MagneticClass _magnetic_class(const ModuleState& module, const Object& species,
   const auto is_nio = [&] { return py::equals(formula_hint, "NiO"); };
   const auto is_oxide = [&] { return is_transition_metal_oxide(module, species); };
   const auto is_correlated_oxide = [&] {
-    return is(correlation_class, CorrelationClass::dftu_sensitive) && (is_nio() || is_oxide());
+    return equals(correlation_class, CorrelationClass::dftu_sensitive) && (is_nio() || is_oxide());
   };
 
-  if (is(intent_magnetism, IntentMagnetism::non_collinear)) return noncollinear_template;
-  if (is(intent_magnetism, IntentMagnetism::antiferromagnetic)) return template_antiferromagnet;
-  if (is(intent_magnetism, IntentMagnetism::ferrimagnetic)) return template_antiferromagnet;
-  if (is(intent_magnetism, IntentMagnetism::ferromagnetic)) {
+  if (equals(intent_magnetism, IntentMagnetism::non_collinear)) return noncollinear_template;
+  if (equals(intent_magnetism, IntentMagnetism::antiferromagnetic)) return template_antiferromagnet;
+  if (equals(intent_magnetism, IntentMagnetism::ferrimagnetic)) return template_antiferromagnet;
+  if (equals(intent_magnetism, IntentMagnetism::ferromagnetic)) {
     return !py::is_empty(species) && any_from(module, simple_ferromagnets, species)
                ? simple_ferromagnet
                : collinear_magnetic;
   }
-  if (is(intent_magnetism, IntentMagnetism::nonmagnetic)) return nonmagnetic;
+  if (equals(intent_magnetism, IntentMagnetism::nonmagnetic)) return nonmagnetic;
 
   const text::Mentions words = combined_text.mentions();
   // A small collinear cell asked for in so many words outranks any wording of magnetic order.

@@ -2,8 +2,8 @@
 // words, query and structure description, and from the combined text only when there are none.
 #include <string>
 
+#include "material_characterization/classifiers/intent.hpp"
 #include "material_characterization/functions.hpp"
-#include "material_characterization/vocabulary/intent.hpp"
 
 namespace tavik::characterization {
 namespace {
@@ -16,8 +16,8 @@ Object description_in(const ModuleState& module, const Object& query_intent) {
   return intent_field(module, query_intent, InputKey::structure_description);
 }
 
-/// What the query alone mentions. Stripping can only change what the end of the text makes of a
-/// keyword that ends in a blank, so a query without outer white space shares its own scan.
+/// What the query, without outer white space, mentions; what the combined text does when the query
+/// is blank.
 text::Mentions mentions_in_query(Text& combined_text, Text& query) {
   const std::string_view stripped = query.stripped();
   if (stripped.empty()) return combined_text.mentions();
@@ -56,7 +56,7 @@ StructureArchetype _structure_archetype(const ModuleState& module, const Object&
   if (words.has(Group::two_dimensional)) return two_dimensional;
   if (words.has(Group::surface)) return surface_slab;
   // Vacuum alone says little: a molecule has it too, and a bulk cue outweighs it.
-  if (words.has(Group::vacuum) && is(structure_mode, StructureMode::periodic_bulk) &&
+  if (words.has(Group::vacuum) && equals(structure_mode, StructureMode::periodic_bulk) &&
       words.has(Group::slab_context) && !words.has(Group::bulk_cue)) {
     return surface_slab;
   }

@@ -22,11 +22,11 @@ ElectronicClass classify_system_class(const ModuleState& module, const Object& g
   const Object simple_fm = species_from(module, Global::phase1_simple_ferromagnet_species);
   const Object magnetic_seed_species = species_from(module, Global::collinear_magmom_seed_species);
 
-  if (is(structure_archetype, StructureArchetype::graphene_2d)) return unknown;
-  if (is(structure_archetype, StructureArchetype::hbn_2d)) return insulator;
-  if (is(structure_archetype, StructureArchetype::tmd_2d)) return semiconductor;
-  if (is(structure_archetype, StructureArchetype::phosphorene_2d)) return semiconductor;
-  if (is(structure_archetype, StructureArchetype::mxene_2d)) return metal;
+  if (equals(structure_archetype, StructureArchetype::graphene_2d)) return unknown;
+  if (equals(structure_archetype, StructureArchetype::hbn_2d)) return insulator;
+  if (equals(structure_archetype, StructureArchetype::tmd_2d)) return semiconductor;
+  if (equals(structure_archetype, StructureArchetype::phosphorene_2d)) return semiconductor;
+  if (equals(structure_archetype, StructureArchetype::mxene_2d)) return metal;
   if (is_in(module, Global::SEMICONDUCTOR_FORMULAS, formula_hint)) return semiconductor;
   if (is_in(module, Global::INSULATOR_FORMULAS, formula_hint)) return insulator;
   if (is_in(module, Global::DFTU_SENSITIVE_FORMULAS, formula_hint)) return insulator;

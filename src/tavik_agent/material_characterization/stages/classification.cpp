@@ -1,16 +1,16 @@
 // The six class labels of the record. What each classifier is given, and nothing else, stands here:
 // the structure mode reads the query when there is one, the electronic class the query alone, the
 // correlation and magnetic classes the joined text.
+#include "material_characterization/classifiers/intent.hpp"
 #include "material_characterization/stages/characterization.hpp"
 #include "material_characterization/state/invoke.hpp"
-#include "material_characterization/vocabulary/intent.hpp"
 
 namespace tavik::characterization {
 namespace {
 
 template <class Label>
 void report_unless(Label no_decision, Characterization& call, const Object& label) {
-  if (!is(label, no_decision)) call.report(call.module.message_about<Label>(label));
+  if (!equals(label, no_decision)) call.report(call.module.message_about<Label>(label));
 }
 
 void classify_structure(Characterization& call) {

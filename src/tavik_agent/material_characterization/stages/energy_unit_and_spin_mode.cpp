@@ -46,10 +46,10 @@ void take_unit(Characterization& call, EnergyUnit unit, std::string_view prefix,
 SpinMode spin_mode_of(const Characterization& call) {
   using enum SpinMode;
   const Object& asked = call.intent_magnetism;
-  if (is(asked, IntentMagnetism::non_collinear)) return non_collinear;
-  if (is(asked, IntentMagnetism::ferromagnetic)) return collinear;
-  if (is(asked, IntentMagnetism::antiferromagnetic)) return collinear;
-  if (is(asked, IntentMagnetism::ferrimagnetic)) return collinear;
+  if (equals(asked, IntentMagnetism::non_collinear)) return non_collinear;
+  if (equals(asked, IntentMagnetism::ferromagnetic)) return collinear;
+  if (equals(asked, IntentMagnetism::antiferromagnetic)) return collinear;
+  if (equals(asked, IntentMagnetism::ferrimagnetic)) return collinear;
   if (call.combined->mentions(Group::noncollinear)) return non_collinear;
   if (call.combined->mentions(Group::collinear)) return collinear;
   return none;

@@ -22,7 +22,7 @@ void update_with_decisions(const ModuleState& module, const Object& merged, cons
                    module.string(ElectronicClass::unknown), module.string(MaterialFamily::other));
   for (const RecordKey key : py::all_words<RecordKey>) {
     const Object value = module.read(record, key);
-    if (!py::contains(uninformative, value)) py::set(merged, module.string(key), value);
+    if (!py::contains(uninformative, value)) py::set_item(merged, module.string(key), value);
   }
 }
 
@@ -48,8 +48,8 @@ Object merge_into_base(const Characterization& call, const Object& record) {
   const ModuleState& module = call.module;
   Object merged = py::dict_of(call.inputs.base_characterization);
   update_with_decisions(module, merged, record);
-  py::set(merged, module.string(RecordKey::evidence), merged_evidence(call));
-  py::set(merged, module.string(RecordKey::confidence), merged_confidence(call));
+  py::set_item(merged, module.string(RecordKey::evidence), merged_evidence(call));
+  py::set_item(merged, module.string(RecordKey::confidence), merged_confidence(call));
   for (const RecordKey key : keys_always_present) {
     py::set_default(merged, module.string(key), module.read(record, key));
   }

@@ -17,10 +17,10 @@ bool is_intent_driven(const Characterization& call) {
 void score_confidence(Characterization& call) {
   int hundredths = 25;
   if (!py::is_empty(call.species)) hundredths += 20;
-  if (!is(call.structure_mode, StructureMode::unknown)) hundredths += 15;
-  if (!is(call.electronic_class, ElectronicClass::unknown)) hundredths += 15;
-  if (!is(call.magnetic_class, MagneticClass::unknown)) hundredths += 15;
-  if (!is(call.correlation_class, CorrelationClass::unknown)) hundredths += 10;
+  if (!equals(call.structure_mode, StructureMode::unknown)) hundredths += 15;
+  if (!equals(call.electronic_class, ElectronicClass::unknown)) hundredths += 15;
+  if (!equals(call.magnetic_class, MagneticClass::unknown)) hundredths += 15;
+  if (!equals(call.correlation_class, CorrelationClass::unknown)) hundredths += 10;
   if (!py::is_empty(call.formula_hint)) hundredths += 10;
   call.confidence = py::real(std::min(hundredths, 95) / 100.0);
 }
@@ -30,7 +30,7 @@ Object assemble_record(const Characterization& call) {
   Object record = call.module.new_record();
   const auto put = [&](RecordKey key, const Object& value) {
     if (value.is_same(call.module.initial_value(key))) return;
-    py::set(record, call.module.string(key), value);
+    py::set_item(record, call.module.string(key), value);
   };
   put(step, py::upper(py::text_form_or_empty(call.inputs.step)));
   put(structure_mode, call.structure_mode);

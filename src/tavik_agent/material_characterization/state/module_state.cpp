@@ -34,7 +34,7 @@ py::ByWord<RecordKey> make_initial_values(const ModuleState& module) {
 
 py::Object make_record(const py::ByWord<RecordKey>& keys, const py::ByWord<RecordKey>& values) {
   py::Object record = py::new_dict();
-  for (const RecordKey key : py::all_words<RecordKey>) py::set(record, keys[key], values[key]);
+  for (const RecordKey key : py::all_words<RecordKey>) py::set_item(record, keys[key], values[key]);
   return record;
 }
 

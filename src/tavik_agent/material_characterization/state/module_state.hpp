@@ -23,9 +23,6 @@ class ModuleState {
   /// `names` is the dict of a module in which every Global is bound.
   explicit ModuleState(py::Object names);
 
-  /// False once the module let go of what it holds.
-  bool is_live() const { return names_.is_live(); }
-
   // Names of the module's namespace, looked up at the moment of each use.
   py::Object look_up(Global name) const { return names_.look_up(name); }
   const py::Object& own(Global name) const { return names_.own(name); }
@@ -70,10 +67,9 @@ class ModuleState {
   /// Searches a text for the phrases of the table bound to `name`, in the order of the table.
   void for_each_phrase(Global name, py::Text& text, const PhraseVisitor& visit) const;
 
-  void stop_watching() { names_.stop_watching(); }
-  /// Calls action(object) for everything that the module holds, until it answers other than 0. This
-  /// is the one list of it. Left out is the initial record, so that no Python code can reach and
-  /// change it; it holds nothing but strings, None and False, so it is part of no cycle.
+  /// Calls action(object) for everything that the module holds, until it answers other than 0: what
+  /// the garbage collector is told. It is not told of the initial record, which no Python code may
+  /// reach and change; that holds nothing but strings, None and False, so it is part of no cycle.
   template <class Action>
   int for_each_held(Action action);
 
@@ -116,7 +112,7 @@ int ModuleState::for_each_held(Action action) {
   const auto each = [&](auto&... groups) {
     (std::ranges::for_each(groups.begin(), groups.end(), one), ...);
   };
-  names_.for_each_held(one);  // first, so that nothing is called while only some of it is there
+  names_.for_each_held(one);
   std::apply(each, labels_);
   std::apply(each, messages_);
   each(record_keys_, input_keys_, initial_values_);

@@ -9,16 +9,6 @@
 namespace tavik::characterization {
 namespace {
 
-/// Whether every key of a dict is an exact string, so that looking it up runs no Python code.
-bool has_plain_keys(const py::Object& dict) {
-  const py::Object keys = py::keys_of(dict);
-  py::Iterator walk(keys);
-  while (const py::Object key = walk.next()) {
-    if (!py::is_exact_string(key)) return false;
-  }
-  return true;
-}
-
 /// Which name a string is, if any.
 std::optional<Global> find_name(PyObject* string) {
   const auto is_it = [&](Global name) {
@@ -37,7 +27,7 @@ Namespace::Namespace(py::Object names)
       strings_(py::interned<Global>()) {
   watch_.emplace(names_, *this);
   for (const Global name : py::all_words<Global>) own_[name] = look_up_in_dict(name);
-  if (!watch_->is_active() || !has_plain_keys(names_)) changed_ = every_name;
+  if (!watch_->is_active() || !py::all_exact_strings(py::keys_of(names_))) changed_ = every_name;
 }
 
 py::Object Namespace::look_up_in_dict(Global name) const {
@@ -58,9 +48,14 @@ void Namespace::will_change(PyDict_WatchEvent event, PyObject* key, PyObject* ne
                                 event == PyDict_EVENT_DELETED;
   if (!is_about_one_key || !PyUnicode_CheckExact(key)) {
     changed_ = every_name;
-  } else if (const auto name = find_name(key); name && changed_ != every_name) {
-    const bool is_restored = event == PyDict_EVENT_MODIFIED && new_value == own_[*name].get();
-    is_restored ? changed_ &= ~bit(*name) : changed_ |= bit(*name);
+    return;
+  }
+  const auto name = find_name(key);
+  if (!name || changed_ == every_name) return;
+  if (event == PyDict_EVENT_MODIFIED && new_value == own_[*name].get()) {
+    changed_ &= ~bit(*name);
+  } else {
+    changed_ |= bit(*name);
   }
 }
 

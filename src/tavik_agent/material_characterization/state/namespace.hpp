@@ -11,16 +11,13 @@
 
 namespace tavik::characterization {
 
-/// For each name it is known, from a watch on the namespace, whether it may be bound to anything
-/// but what the module was loaded with. One that may, and every name when no watch could be had, is
-/// looked up in the namespace each time, then among the built-ins, as a Python function would.
+/// A bit for each name says whether it may have been bound anew; a dict watcher sets it. Such a
+/// name, and every name when no watcher could be had, is looked up in the namespace each time, then
+/// among the built-ins, as a Python function would.
 class Namespace final : public py::DictListener {
  public:
   /// `names` is the dict of a module in which every Global is bound.
   explicit Namespace(py::Object names);
-
-  /// False once the module let go of what it holds.
-  bool is_live() const { return static_cast<bool>(names_); }
 
   /// What the name is bound to now; a NameError when it is not bound any more.
   py::Object look_up(Global name) const {
@@ -41,8 +38,6 @@ class Namespace final : public py::DictListener {
     action(builtins_);
     action(names_);
   }
-  /// The watch must not outlast what it watches.
-  void stop_watching() { watch_.reset(); }
   void will_change(PyDict_WatchEvent event, PyObject* key, PyObject* new_value) noexcept override;
 
  private:
@@ -61,7 +56,7 @@ class Namespace final : public py::DictListener {
   /// A bit for each name that may be bound to something else. Once nothing can be told any more, it
   /// is `every_name` for good.
   std::atomic<std::uint64_t> changed_ = 0;
-  std::optional<py::DictWatch> watch_;
+  std::optional<py::DictWatch> watch_;  ///< last, so that it goes before what it watches
 };
 
 }  // namespace tavik::characterization

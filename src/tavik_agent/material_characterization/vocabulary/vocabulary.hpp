@@ -12,10 +12,10 @@ namespace tavik::characterization {
 
 using py::text_of;
 
-/// value == the word. A value may be anything: a classifier that was replaced answers as it likes.
+/// value == word. A value may be anything: a classifier that was replaced answers as it likes.
 template <class Word>
   requires std::is_enum_v<Word>
-bool is(const py::Object& value, Word word) {
+bool equals(const py::Object& value, Word word) {
   return py::equals(value, text_of(word));
 }
 

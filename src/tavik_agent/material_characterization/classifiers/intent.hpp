@@ -13,10 +13,10 @@ inline Object intent_field(const ModuleState& module, const Object& query_intent
 
 /// Whether the intent's complexity marks a request for which heuristics are to hold back.
 inline bool is_simple_request(const Object& intent_complexity) {
-  return is(intent_complexity, IntentComplexity::simple) ||
-         is(intent_complexity, IntentComplexity::tutorial) ||
-         is(intent_complexity, IntentComplexity::minimal) ||
-         is(intent_complexity, IntentComplexity::basic);
+  return equals(intent_complexity, IntentComplexity::simple) ||
+         equals(intent_complexity, IntentComplexity::tutorial) ||
+         equals(intent_complexity, IntentComplexity::minimal) ||
+         equals(intent_complexity, IntentComplexity::basic);
 }
 
 }  // namespace tavik::characterization
