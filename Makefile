@@ -1,19 +1,19 @@
 # The commands of a working copy. Each sets up what it needs on first use, in .venv.
-#   make run [QUERY="..."]   characterize a request
-#   make test [ARGS="-k magnetic"]          run all tests, or some of them
-#   make score [FILES="..."] how often a record is right, by field and by group
-#   make lint                formatters in check mode, static checks, types
+#   make run [QUERY="..."]                  characterize a request
+#   make test [ARGS="-k magnetic"]          all tests, or some of them
+#   make score [FILES="..."]                how often a record is right, by field and by group
+#   make lint                               formatters in check mode, static checks, types
 #   make fuzz [SECONDS=300] [SEED=...]      check random requests for that long
 #   make sanitize [SECONDS=300] [SEED=...]  all tests, then random requests, under the sanitizers
 #   make endurance                          memory, threads and interpreters at length
-#   make format              reformat all sources
-#   make bench               what a call costs, as ratios; not part of the tests
-#   make package             source package and wheel in dist/, checked in a clean environment
+#   make format                             reformat all sources
+#   make bench                              what a call costs, as ratios; not part of the tests
+#   make package                            source package and wheel in dist/, checked
 PYTHON ?= python3.13
 ifeq ($(origin CXX),default)
 CXX := c++
 endif
-# As it was typed: a dollar sign in a request is no reference to a variable.
+# The request as it was typed, so that a dollar sign in it names no variable.
 override QUERY := $(value QUERY)
 export CXX QUERY
 
@@ -56,7 +56,7 @@ fuzz: check-tools $(module_ready)
 endurance: check-tools $(module_ready)
 	@PYTHONPATH=tests $(bin)/python -m reliability.endurance
 
-# Left out are two tests of memory, which in this build is not the allocator's of every day.
+# Two tests of memory are left out, since the sanitizers replace the allocator.
 sanitize: check-tools $(sanitized_ready)
 	@scripts/sanitized.sh "$(CXX)" $(sanitized) $(bin)/python -m pytest \
 	  -k "not nothing_grows and not failing_new"
@@ -81,7 +81,7 @@ clean:
 check-tools:
 	@scripts/check-tools.sh "$(PYTHON)" "$(CXX)"
 
-# Another Python or compiler than last time starts afresh.
+# With another Python or compiler than last time everything is set up afresh.
 $(tools_named): FORCE | check-tools
 	@echo '$(PYTHON) $(CXX)' | cmp -s - $@ || \
 	  { rm -rf $(venv) build && echo '$(PYTHON) $(CXX)' > $@; }

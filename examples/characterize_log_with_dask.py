@@ -4,7 +4,7 @@ Usage: characterize_log_with_dask.py LOG FOLDER [--scheduler ADDRESS | --workers
 
 LOG may be a pattern and, like FOLDER, any place that fsspec knows. Every line of LOG gives one line
 in the parts of FOLDER, in the same order: a record, or for a bad line an error object with the
-message, the file and the text of the line. The exit status is 1 if there was any.
+message, the file and the text of the line. The exit status is 1 when there are bad lines.
 """
 
 import argparse
@@ -22,7 +22,7 @@ from tavik_agent.material_characterization import characterize_material
 
 
 def characterize_line(line: str) -> str:
-    request = json.loads(line.encode())  # bytes that are no UTF-8 fail here
+    request = json.loads(line.encode())  # bytes that are not UTF-8 fail here
     return json.dumps(characterize_material(**request))
 
 
@@ -33,9 +33,9 @@ def characterize_part(lines: Iterable[tuple[str, str]], target: str) -> tuple[in
         try:
             results.append(characterize_line(line))
         except Exception as error:
-            told = {"message": f"{type(error).__name__}: {error}"}
-            told |= {"file": file, "text": line.rstrip("\n")}
-            results.append(json.dumps({"error": told}))
+            report = {"message": f"{type(error).__name__}: {error}"}
+            report |= {"file": file, "text": line.rstrip("\n")}
+            results.append(json.dumps({"error": report}))
             errors += 1
     with fsspec.open(target, "w", encoding="utf-8") as out:
         out.writelines(f"{result}\n" for result in results)

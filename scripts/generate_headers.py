@@ -1,4 +1,4 @@
-"""Writes the C++ headers that hold what the types and the stub of the module own.
+"""Writes the C++ headers that are generated from the types and the stub of the module.
 
     python generate_headers.py characterization_types.py material_characterization.pyi DIRECTORY
 
@@ -124,7 +124,7 @@ def imported_from(stub: ast.Module, module: str) -> list[str]:
 
 
 def parameters(function: ast.FunctionDef) -> Iterator[tuple[str, str, str]]:
-    """Name, default as Python has it ("" for none) and kind of default in C++ of each parameter."""
+    """Of each parameter the name, the default in Python ("" for none) and the kind of it in C++."""
     arguments = function.args
     if arguments.posonlyargs or arguments.kwarg:
         raise SystemExit(f"{function.name}: only named parameters, * and *args are supported")
@@ -142,7 +142,7 @@ def parameters(function: ast.FunctionDef) -> Iterator[tuple[str, str, str]]:
 
 
 def text_signature(function: ast.FunctionDef) -> str:
-    """What inspect.signature reads at the head of a docstring."""
+    """The head of a docstring, which inspect.signature reads."""
     words = [name + default for name, default, _ in parameters(function)]
     if function.args.vararg:
         words.append("*" + function.args.vararg.arg)
@@ -152,7 +152,7 @@ def text_signature(function: ast.FunctionDef) -> str:
 
 
 def words_of_fields(types: ModuleType) -> str:
-    """Which words a field may hold, for help() on the function that returns them all."""
+    """The end of the docstring of characterize_material: every label and word of the intent."""
     rows = []
     for kind, hints in (
         (v.__name__, get_type_hints(v)) for v in vars(types).values() if is_typeddict(v)

@@ -4,7 +4,7 @@
 # Of what is still allocated at the end only what the module allocated counts: Python itself leaves
 # much behind.
 cxx=$1
-directory=$(cd "$2" && pwd) # as seen from any directory that a test goes to
+directory=$(cd "$2" && pwd) # absolute, since tests change the directory
 shift 2
 
 preload=

@@ -1,4 +1,4 @@
-"""The command tavik-characterize: a request on the screen, a log of requests, two runs compared."""
+"""The command tavik-characterize: shows a record, answers a log of requests, compares two runs."""
 
 NAME = "tavik-characterize"
-TROUBLE = 2  # the exit status when something is not as expected
+FAILURE = 2  # the exit status when the command could not do what was asked

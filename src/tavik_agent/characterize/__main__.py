@@ -1,19 +1,19 @@
-"""Starts the command, or says in one line what it lacks to start."""
+"""Starts the command, or reports in one line what is missing to start it."""
 
 import signal
 import sys
 
-from . import NAME, TROUBLE
+from . import FAILURE, NAME
 
 INTERRUPTED = 130
 
 
 def main() -> None:
     if hasattr(signal, "SIGPIPE"):
-        # A reader that has seen enough ends the command, as it does any other.
+        # Closing the pipe that is written to ends the command, as it does any other.
         signal.signal(signal.SIGPIPE, signal.SIG_DFL)
     if sys.stdin is None or sys.stdout is None:
-        _end("expected standard input and output to be open", TROUBLE)
+        _end("expected standard input and output to be open", FAILURE)
     try:
         from .command import run
 
@@ -23,7 +23,7 @@ def main() -> None:
         if library not in ("click", "rich"):
             raise
         extra = "pip install 'tavik-agent-material-characterization[cli]'"
-        _end(f"the library {library} is missing: {extra}", TROUBLE)
+        _end(f"the library {library} is missing: {extra}", FAILURE)
     except KeyboardInterrupt:
         _end("interrupted", INTERRUPTED)
 

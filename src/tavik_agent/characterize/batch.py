@@ -1,5 +1,5 @@
-"""Requests from a file of JSON lines, records to another: in order, a line for a line. Each line is
-written whole and at once, so that however a run ends, another can go on after it.
+"""Answers a file of requests with a file of records, JSON lines both, line by line in order. Each
+line is written in one piece, so that an interrupted run can be resumed after the last whole line.
 """
 
 import os
@@ -13,7 +13,7 @@ from typing import NamedTuple
 from rich.console import Console
 from rich.progress import BarColumn, Progress, TextColumn, TimeRemainingColumn
 
-from .files import Trouble, input_place, json_bytes, parse_json, read_lines, trouble_at
+from .files import InputError, input_errors_at, input_place, json_bytes, parse_json, read_lines
 from .request import characterize, check
 
 ERROR_START = b'{"error": {"line": '
@@ -27,7 +27,7 @@ class Tally(NamedTuple):
 
 
 def answer_all(source: str, target: str, *, resume: bool) -> Tally:
-    """Answers the requests whose answers the target does not hold yet; counts all answers."""
+    """Answers each request that the target has no answer to yet; counts all answers."""
     place = input_place(source)
     messages = Console(stderr=True, highlight=False, markup=False, emoji=False, soft_wrap=True)
     with _output(source, target, resume=resume) as output:
@@ -40,13 +40,13 @@ def answer_all(source: str, target: str, *, resume: bool) -> Tally:
                     continue
                 try:
                     answer = _answer(line, place, number)
-                except Trouble as trouble:
-                    answer = _error(trouble, number)
+                except InputError as error:
+                    answer = _error(error, number)
                     bad += 1
-                    messages.print(str(trouble))
+                    messages.print(str(error))
                 _write(output, answer)
         if number < answered:
-            raise Trouble(target, f"expected no more than the {number} lines of {place}")
+            raise InputError(target, f"expected no more than the {number} lines of {place}")
     return Tally(number, bad)
 
 
@@ -56,21 +56,21 @@ def _answer(line: bytes, place: str, number: int) -> bytes:
     return json_bytes(characterize(check(request, place), place), place)
 
 
-def _error(trouble: Trouble, number: int) -> bytes:
-    return json_bytes({"error": {"line": number, "message": trouble.what}}, "")
+def _error(error: InputError, number: int) -> bytes:
+    return json_bytes({"error": {"line": number, "message": error.what}}, "")
 
 
 @contextmanager
 def _output(source: str, target: str, *, resume: bool) -> Iterator[FileIO]:
-    with trouble_at(input_place(source)):
+    with input_errors_at(input_place(source)):
         requests = os.fstat(sys.stdin.fileno()) if source == "-" else os.stat(source)
     place = "standard output" if target == "-" else target
-    with trouble_at(place), _opened(target) as output:
+    with input_errors_at(place), _opened(target) as output:
         state = os.fstat(output.fileno())
         if _is_file(output) and os.path.samestat(state, requests):
-            raise Trouble(place, "expected another file than that of the requests")
+            raise InputError(place, "expected another file than that of the requests")
         if _is_file(output) and target != "-" and state.st_size and not resume:
-            raise Trouble(place, "expected a new file, or --resume to go on after its lines")
+            raise InputError(place, "expected a new file, or --resume to go on after its lines")
         yield output
 
 
@@ -85,7 +85,7 @@ def _is_file(output: FileIO) -> bool:
 
 
 def _keep_whole_lines(output: FileIO, target: str) -> Tally:
-    """Counts the whole lines of an earlier run and cuts off what it left in part."""
+    """Counts the whole lines of an earlier run and cuts off a line that was not finished."""
     lines = bad = size = 0
     if _is_file(output):
         for line in read_lines(target):
@@ -95,7 +95,7 @@ def _keep_whole_lines(output: FileIO, target: str) -> Tally:
                 bad += is_error
                 size += len(line)
                 if not is_error and IN_EVERY_RECORD not in line:
-                    raise Trouble(f"{target}:{lines}", "expected an answer of an earlier run")
+                    raise InputError(f"{target}:{lines}", "expected an answer of an earlier run")
         output.truncate(size)
     return Tally(lines, bad)
 
@@ -110,7 +110,7 @@ def _numbered(source: str) -> Generator[tuple[int, bytes]]:
 
 
 def _under_bar(source: str, console: Console) -> Generator[tuple[int, bytes]]:
-    """The numbered lines, with a bar that shows how much of the source they are."""
+    """The numbered lines, with a bar that shows how much of the source has been read."""
     count = TextColumn("{task.fields[lines]:,} lines")
     with Progress(count, BarColumn(), TimeRemainingColumn(), console=console) as progress:
         size = os.path.getsize(source) if os.path.isfile(source) else None

@@ -10,10 +10,10 @@ from typing import Any, Literal, get_args, get_origin, get_type_hints
 import click
 from tavik_agent.characterization_types import EnergyUnit, QueryIntent
 
-from . import NAME, TROUBLE
+from . import FAILURE, NAME
 from .batch import answer_all
 from .compare import compare
-from .files import Trouble, input_place, json_bytes, read_json, trouble_at
+from .files import InputError, input_errors_at, input_place, json_bytes, read_json
 from .request import characterize, check
 from .screen import console_for_output, show_record
 
@@ -42,7 +42,7 @@ def _intent_options(command: Callable[..., int]) -> Callable[..., int]:
 
 
 def _words(hint: Any) -> list[str]:
-    """The words of a closed set, also of one that may be left out; none of any other type."""
+    """The words of a type that is a closed set, or such a set or None; empty for any other type."""
     sets = [part for part in (hint, *get_args(hint)) if get_origin(part) is Literal]
     return [word for part in sets for word in get_args(part) if word]
 
@@ -132,7 +132,7 @@ def batch(source: str, target: str, resume: bool) -> int:
     """Answer the requests in IN.jsonl, a JSON object a line, with a record a line.
 
     A line that is no request is answered with an error object, {"error": {"line": ..., "message":
-    ...}}, and told on standard error; the exit status is then 1. "-" is a standard stream.
+    ...}}, and reported on standard error; the exit status is then 1. "-" is a standard stream.
     """
     if resume and target == "-":
         raise click.UsageError("--resume goes with -o OUT.jsonl")
@@ -159,29 +159,29 @@ COMMANDS = {"batch": batch, "compare": compare_runs}
 
 
 def run(words: Sequence[str]) -> int:
-    """Runs the command line; returns its exit status and tells any trouble in one line."""
+    """Runs the command line and returns its exit status; an input error is reported in one line."""
     if isinstance(sys.stdout, TextIOWrapper):
         sys.stdout.reconfigure(errors="backslashreplace")
     command, name, rest = show, NAME, [*words]
     if rest and rest[0] in COMMANDS:
         command, name = COMMANDS[rest[0]], f"{NAME} {rest.pop(0)}"
     try:
-        with trouble_at("standard output"), command.make_context(name, rest) as context:
+        with input_errors_at("standard output"), command.make_context(name, rest) as context:
             status: int = command.invoke(context)
             sys.stdout.flush()
             return status
     except click.exceptions.Exit as done:
         return done.exit_code
-    except (Trouble, click.ClickException, RecursionError) as error:
+    except (InputError, click.ClickException, RecursionError) as error:
         what = error.format_message() if isinstance(error, click.ClickException) else error
         click.echo(f"{name}: {what}", err=True)
     finally:
         _abandon_failed_output()
-    return TROUBLE
+    return FAILURE
 
 
 def _abandon_failed_output() -> None:
-    """Keeps the host from trying again, at its end, to write what could not be written."""
+    """Keeps Python from trying again, when it ends, to write what could not be written."""
     try:
         sys.stdout.flush()
     except OSError:

@@ -1,5 +1,5 @@
-"""Two runs over the same requests: which labels changed, a line for each, and at the end how often
-each field did. Evidence and confidence are accounts of the labels and not compared.
+"""Compares two runs over the same requests: a line for each label that changed, then how often each
+field did. Evidence and confidence follow from the labels and are not compared.
 """
 
 from collections import Counter
@@ -36,11 +36,11 @@ class Counts:
     compared: int = 0
     changed: int = 0
     by_field: Counter[str] = field(default_factory=Counter)
-    alone: Counter[str] = field(default_factory=Counter)  # lines without a partner, by file
+    alone: Counter[str] = field(default_factory=Counter)  # lines that the other file lacks, by file
 
 
 def compare(console: Console, path: str, other: str) -> bool:
-    """Prints the changes as they are met, then their counts; true when there are none."""
+    """Prints the changes, then their counts; returns whether there are none."""
     counts = Counts()
     for number, pair in enumerate(zip_longest(_records(path), _records(other)), 1):
         before, after = pair

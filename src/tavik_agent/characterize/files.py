@@ -1,5 +1,5 @@
-"""Files as they are named on the command line, "-" for the standard streams, and what is wrong in
-them, told in one line that names the place.
+"""Reads and writes the files named on the command line, "-" being a standard stream. What is wrong
+in one is reported in one line that names the place.
 """
 
 import codecs
@@ -12,8 +12,8 @@ from typing import Any
 TOO_DEEP = "expected JSON that is nested less deeply"
 
 
-class Trouble(Exception):
-    """What was expected at a place and not found there."""
+class InputError(Exception):
+    """What is wrong with an input, or with a file that is read or written, and where."""
 
     def __init__(self, place: str, what: str) -> None:
         super().__init__(f"{place}: {what}")
@@ -21,12 +21,12 @@ class Trouble(Exception):
 
 
 @contextmanager
-def trouble_at(place: str) -> Iterator[None]:
-    """Tells a failure to read or write there as trouble."""
+def input_errors_at(place: str) -> Iterator[None]:
+    """Turns a failure to read or write there into an InputError."""
     try:
         yield
     except OSError as error:
-        raise Trouble(place, error.strerror or str(error)) from error
+        raise InputError(place, error.strerror or str(error)) from error
 
 
 def input_place(path: str) -> str:
@@ -35,7 +35,7 @@ def input_place(path: str) -> str:
 
 def read_lines(path: str) -> Iterator[bytes]:
     """The lines of a file, with their ends, as they come in."""
-    with trouble_at(input_place(path)):
+    with input_errors_at(input_place(path)):
         if path == "-":
             yield from sys.stdin.buffer
         else:
@@ -56,14 +56,14 @@ def parse_json(data: bytes, place: str, first_line: int = 1) -> Any:
         line = first_line + before.count(b"\n")
         column = len(before) - before.rfind(b"\n")
         what = f"expected UTF-8, not the byte 0x{data[error.start]:02x}"
-        raise Trouble(f"{place}:{line}:{column}", what) from error
+        raise InputError(f"{place}:{line}:{column}", what) from error
     except json.JSONDecodeError as error:
         at = f"{place}:{first_line + error.lineno - 1}:{error.colno}"
-        raise Trouble(at, f"invalid JSON: {error.msg}") from error
+        raise InputError(at, f"invalid JSON: {error.msg}") from error
     except RecursionError as error:
-        raise Trouble(f"{place}:{first_line}", TOO_DEEP) from error
-    except ValueError as error:  # an integer beyond what the host converts
-        raise Trouble(f"{place}:{first_line}", str(error)) from error
+        raise InputError(f"{place}:{first_line}", TOO_DEEP) from error
+    except ValueError as error:  # an integer with more digits than Python converts
+        raise InputError(f"{place}:{first_line}", str(error)) from error
 
 
 _encoder = json.JSONEncoder(ensure_ascii=False)
@@ -75,5 +75,5 @@ def json_bytes(value: Any, place: str, *, indent: bool = False) -> bytes:
     try:
         text = (_indenting_encoder if indent else _encoder).encode(value)
     except RecursionError as error:
-        raise Trouble(place, TOO_DEEP) from error
+        raise InputError(place, TOO_DEEP) from error
     return text.encode("utf-8", "backslashreplace") + b"\n"

@@ -1,5 +1,6 @@
-"""A request: a JSON object that holds the arguments of one call, checked before the call is made so
-that a wrong entry is told by its name. What the module tolerates in deeper places passes.
+"""A request: a JSON object that holds the arguments of one call. It is checked before the call is
+made, so that a wrong entry is reported by its name. What the module tolerates in deeper places
+passes.
 """
 
 from collections.abc import Callable, Mapping
@@ -8,7 +9,7 @@ from typing import Any, NamedTuple
 
 from tavik_agent.material_characterization import characterize_material
 
-from .files import Trouble
+from .files import InputError
 
 
 class Shape(NamedTuple):
@@ -34,7 +35,7 @@ ARGUMENTS = {
     "base_characterization": OBJECT,
     "query_intent": OBJECT,
 }
-# Where a string in place of a list would be taken apart into characters.
+# Entries in which a string in place of a list would be read letter by letter.
 ENTRIES = {
     ("query_intent", "species"): STRINGS,
     ("base_characterization", "species"): LIST,
@@ -43,11 +44,13 @@ ENTRIES = {
 
 
 def check(request: Any, place: str) -> dict[str, Any]:
-    """The request, when its entries have the shapes that they must have; null stands for none."""
+    """Returns the request when each entry has its shape; null stands for an entry left out."""
     expect(OBJECT, request, place)
     for name, value in request.items():
         if name not in ARGUMENTS:
-            raise Trouble(place, f"{brief(name)} is no argument; expected {', '.join(ARGUMENTS)}")
+            raise InputError(
+                place, f"{brief(name)} is no argument; expected {', '.join(ARGUMENTS)}"
+            )
         if value is not None:
             expect(ARGUMENTS[name], value, place, name)
     for (name, key), shape in ENTRIES.items():
@@ -61,15 +64,15 @@ def check(request: Any, place: str) -> dict[str, Any]:
 def characterize(request: Mapping[str, Any], place: str) -> Mapping[str, Any]:
     """The record of a checked request."""
     if "step" not in request:
-        raise Trouble(place, 'expected an entry "step", the name of the planning step')
+        raise InputError(place, 'expected an entry "step", the name of the planning step')
     try:
         record: Mapping[str, Any] = characterize_material(**request)
-    except Exception as error:  # whatever the values make the module raise
-        raise Trouble(place, f"the values give {type(error).__name__}: {error}") from error
+    except Exception as error:  # any error that a value raises while it is read
+        raise InputError(place, f"the values give {type(error).__name__}: {error}") from error
     return record
 
 
 def expect(shape: Shape, value: Any, place: str, name: str = "") -> None:
     if not shape.fits(value):
         where = f"{name}: " if name else ""
-        raise Trouble(place, f"{where}expected {shape.words}, not {brief(value)}")
+        raise InputError(place, f"{where}expected {shape.words}, not {brief(value)}")

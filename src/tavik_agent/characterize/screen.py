@@ -1,6 +1,6 @@
-"""A record for people: its labels in a table with the evidence that speaks of each, the confidence
-as a bar, the evidence in order. On a terminal in colour and as wide as that is; plain and unwrapped
-elsewhere.
+"""Shows a record: its labels in a table with the evidence for each, the confidence as a bar, the
+evidence in order. On a terminal it is in colour and fits the width; elsewhere it is plain and not
+wrapped.
 """
 
 import json
@@ -17,7 +17,7 @@ from rich.text import Text
 from .evidence import field_of
 
 UNDECIDED: tuple[Any, ...] = ("", "unknown", "other", [])
-ACCOUNT = ("evidence", "confidence")  # how the labels came about, beside the labels
+ACCOUNT = ("evidence", "confidence")  # say how the labels were reached
 ROOM_FOR_THREE_COLUMNS = 78
 BAR_CELLS = 20
 UNLIMITED = 10**9
@@ -30,7 +30,7 @@ def console_for_output() -> Console:
 
 
 def written(value: Any) -> str:
-    """A value of a record on one line; what would steer a terminal is escaped."""
+    """A value of a record on one line; control characters are escaped."""
     match value:
         case "" | []:
             return "-"
@@ -58,7 +58,7 @@ def show_record(console: Console, record: Mapping[str, Any], query: str) -> None
     with console.capture() as screen:
         for part in parts:
             console.print(part)
-    # The padding of last columns would be long lines of blanks.
+    # The last column is padded with blanks to the width of the console.
     print(*(line.rstrip() for line in screen.get().splitlines()), sep="\n")
 
 

@@ -5,17 +5,17 @@ entry covers every spelling in capitals and small letters: IN drops "IN" and "In
 
 Criterion, for what the rules make:
 - a run of two to four capitals that is a formula only as a row of one-letter symbols (SFC, KCW,
-  WCC) is an abbreviation. It is spared where chemistry knows it (KOH, HCN, BN), where another
+  WCC) is an abbreviation. It is no entry where it is a known compound (KOH, HCN, BN), where another
   mixture of large and small letters spells an element or a formula of the tables (COS is CoS, NIO
   is NiO), and where two of its letters are the symbol of an element that occurs in compounds;
 - such a run with a number from 17 to 29 behind it is a data set named by its year (OC20);
 - a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
-  "Li1-xCoO2"): no row, no element, rather than the metal of the piece. So are those with 2
-  or 3 before a variable that are no molecule ("La2-xSrxCuO4").
+  "Li1-xCoO2"). As a formula it would make the material a metal. So would a symbol with 2 or 3
+  before a variable that is no molecule ("La2-xSrxCuO4").
 
 Criterion, for the words of the list: the word occurs in requests for calculations (methods,
 programs, notation, units, structure symbols, sentence words), some spelling of it could pass as a
-formula of at most eight element symbols, and the rules do not make it. An entry must not swallow a
+formula of at most eight element symbols, and the rules do not make it. An entry must not hide a
 formula that people write. The few that do are in the last group, each with the reason and with the
 phrases that bring the element or compound back.
 

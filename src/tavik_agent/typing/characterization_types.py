@@ -1,10 +1,9 @@
 """The types of what material_characterization takes and returns.
 
-This file is where labels, keys and the words of the intent are written: the C++ enumerations are
-generated from it when the module is built. The label sets are closed: a record holds no other
-label. Whoever needs a set at run time gets it with typing.get_args(StructureMode). The mapping
-types name the keys that are read; a mapping with further keys is as welcome, and is typed as a
-plain Mapping.
+This file owns the labels, the keys and the words of the intent: the C++ enumerations are generated
+from it when the module is built. The label sets are closed: a record holds no other label.
+typing.get_args(StructureMode) gives a set at run time. The mapping types name the keys that are
+read; a mapping may have further keys, and is then typed as a plain Mapping.
 """
 
 from collections.abc import Iterable, Mapping

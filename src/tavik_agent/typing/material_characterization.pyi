@@ -5,8 +5,8 @@ intent that a language model extracted, and returns one record of labels from wh
 calculation settings. classify_system_class is its coarse electronic classifier on its own.
 
 The chemistry tables come from tavik_agent.material_reference_data and tavik_agent.method_acronyms.
-They and the classifiers are looked up in this module's namespace whenever they are used, so a name
-that is rebound here, in a test say, takes effect with the next call.
+They and the classifiers are looked up in this module's namespace at each use, so a name that is
+rebound here, by a test for example, takes effect at the next use.
 """
 
 import re
@@ -43,6 +43,7 @@ _FORMULA_TOKEN_RE: re.Pattern[str]
 _FORMULA_PART_RE: re.Pattern[str]
 _NON_FORMULA_TOKENS: set[str]
 
+# The build appends every label and word of the intent to the first docstring.
 @overload
 def characterize_material(
     *,

@@ -1,9 +1,8 @@
 """Chemistry tables of the material characterization.
 
-What the rules of the characterization know about elements, compound names, band gaps, Hubbard
-corrections and magnetism stands in this package, as plain Python data. Everything is read-only:
-sets are frozensets, mappings are mapping proxies whose order is part of their meaning, and the
-three functions return the same immutable data at every call.
+Elements, compound names, band gaps, Hubbard corrections and magnetism, as plain Python data.
+Everything is read-only: sets are frozensets, mappings are mapping proxies whose order is part of
+their meaning, and the three functions return the same immutable data at every call.
 
 To add an entry:
 - a compound name goes into the names file of its chemistry, above every shorter phrase that is a

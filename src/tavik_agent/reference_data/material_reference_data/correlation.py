@@ -145,7 +145,7 @@ _ADSORBATE_ELEMENTS: Final = frozenset({"C", "N"})
 
 
 def is_transition_metal_oxide(species: Sequence[str]) -> bool:
-    """Tell whether the species are those of an oxide with an open 3d shell.
+    """Return whether the species are those of an oxide with an open 3d shell.
 
     True if oxygen stands with V, Cr, Mn, Fe, Co or Ni, or with Cu and a partner of the cuprates;
     false for d0, d10 and noble-metal oxides and if carbon or nitrogen is present. The counts are

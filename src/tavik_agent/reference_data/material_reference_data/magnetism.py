@@ -78,8 +78,7 @@ _SEEDS: Final = frozenset(
     }
 )  # fmt: skip
 
-# The classifiers call these anew for each species. A set's own method, which answers with the set
-# itself, takes a fifth of the time of a function with a body.
+# Functions that return the sets above: copy of a frozenset gives the frozenset itself.
 # The elements that are simple ferromagnets: itinerant, plain DFT suffices.
 phase1_simple_ferromagnet_species: Final = _SIMPLE_FERROMAGNETS.copy
 # The elements for which a calculation starts from collinear magnetic moments.

@@ -69,7 +69,7 @@ _SYSTEMS: Final = (
     "[Al,Cu] [Al,Sc] [Fe,Co]Si [Mn,Fe]Si [Mn,Fe]Ge [Mg,Al]B2 [Hf,Ta]C [Ta,Hf]C Mg[B,C]2"
 ).split()
 
-# Systems with one element that is there only in part.
+# Systems with one element that fills its site only in part.
 _PARTLY: Final = {
     "LiCoO2": "Li", "LiNiO2": "Li", "LiMnO2": "Li", "LiMn2O4": "Li", "LiFePO4": "Li",
     "LiMnPO4": "Li", "LiCoPO4": "Li", "LiTiS2": "Li", "LiTiO2": "Li", "LiV2O5": "Li",
@@ -85,7 +85,7 @@ _PARTLY: Final = {
     "FeSe": "Fe", "PdH": "H", "NbH": "H", "TiH2": "H", "ZrH2": "H", "LaMnO3": "La", "CrTe": "Cr",
 }  # fmt: skip
 
-# Compounds whose last element is open: MoOx, SiNx, CeO2-x, YBa2Cu3O7-δ.
+# Compounds with an open count of the last element: MoOx, SiNx, CeO2-x, YBa2Cu3O7-δ.
 _OPEN_END: Final = (
     "MoO WO TiO VO NbO TaO CrO MnO FeO CoO NiO CuO ZnO CeO PrO HfO ZrO AlO SiO GaO InO SnO GeO PdO "
     "PtO RuO IrO UO YO LaO MgO AgO BiO SiN TiN NbN CN BN AlN CrN GaN ZrN HfN FeN TaN WN SiC TiC "
@@ -168,7 +168,7 @@ def _open_ended() -> Iterator[tuple[str, str]]:
             yield formula.lower() + end, formula
 
 
-# A system of more elements outranks one of fewer, so these stand above what is partly there.
+# A system of more elements outranks one of fewer, so these stand above the partly filled ones.
 MIXED_CRYSTALS: Final[Mapping[str, str]] = first_of_each(
     row for pattern in _SYSTEMS for row in _on_site(pattern)
 )

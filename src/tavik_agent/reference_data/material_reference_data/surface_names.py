@@ -167,7 +167,7 @@ def _adsorbed(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
 
 
 def _wet_supports() -> Iterator[tuple[str, str]]:
-    """A molecule over an oxide: co/tio2, and over the face that is mostly taken: co/tio2(110)."""
+    """A molecule over an oxide, co/tio2, and over its usual face, co/tio2(110)."""
     for solid in _SUPPORTS:
         name = solid.lower()
         for adsorbate in (*_ADSORBATES, *map(str.lower, _REACTIVE_METALS)):

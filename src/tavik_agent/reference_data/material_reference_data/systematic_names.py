@@ -145,7 +145,7 @@ def _formula(symbol: str, anion: str, count: int) -> str:
 
 
 def _with_prefix(prefix: str, anion: str) -> str:
-    """Mon(o)oxide loses a vowel, the others keep theirs."""
+    """The prefix and the anion; "mono" and "oxide" share an o."""
     return ("mon" if prefix == "mono" and anion == "oxide" else prefix) + anion
 
 

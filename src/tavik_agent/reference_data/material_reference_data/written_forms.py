@@ -30,7 +30,7 @@ _MARKED: Final = str.maketrans({digit: f"{_OPEN}{digit}{_CLOSE}" for digit in _D
 
 
 def alone(phrase: str) -> tuple[str, ...]:
-    """The phrase by itself; for spellings that are many and rare."""
+    """The phrase by itself; for rare spellings of which there are many."""
     return (phrase,)
 
 
@@ -103,7 +103,7 @@ def as_plain_subscripts(formula: str) -> tuple[str, ...]:
 
 
 def as_subscripts(formula: str) -> tuple[str, ...]:
-    """As above before marks and in brackets, and with underscores and HTML."""
+    """The same before marks and in brackets, and with underscores and HTML."""
     if formula.isalpha():
         return ()
     characters, latex = as_plain_subscripts(formula)
@@ -132,7 +132,7 @@ def as_rare_formula(formula: str) -> tuple[str, ...]:
 def in_forms(
     *tables: tuple[Mapping[str, str], Callable[[str], tuple[str, ...]]],
 ) -> Mapping[str, str]:
-    """The rows of the tables in their forms and order; of rows with one phrase the first stands."""
+    """The rows of the tables in their order and forms; the first row with a phrase counts."""
     together: dict[str, str] = {}
     add = together.setdefault
     for table, forms in tables:
@@ -143,7 +143,7 @@ def in_forms(
 
 
 def first_of_each(pairs: Iterable[tuple[str, str]]) -> Mapping[str, str]:
-    """The rows as a table; of rows with the same phrase the first stands."""
+    """The rows as a table; the first row with a phrase counts."""
     together: dict[str, str] = {}
     for phrase, value in pairs:
         together.setdefault(phrase, value)
