@@ -5,6 +5,7 @@ were rebound later, so every row runs both ways.
 """
 
 import collections
+import types
 
 import pytest
 
