@@ -149,7 +149,9 @@ class EndsUpInTheModule:
 end = EndsUpInTheModule()
 end.module, end.tokens, module.end = module, module._NON_FORMULA_TOKENS, end
 del module._NON_FORMULA_TOKENS, end  # the set is held by the module alone
-del sys.modules[module.__name__], tavik_agent.material_characterization, module
+del sys.modules[module.__name__], tavik_agent.material_characterization
+gc.collect()
+del module
 gc.collect()
 """
 
