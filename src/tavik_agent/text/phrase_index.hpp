@@ -3,7 +3,6 @@
 // blanks, so the cost grows with the text and not with the number of phrases.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -56,7 +55,8 @@ class PhraseIndex {
 
   // The hash table has open addressing and two slots or more for each phrase, the filter eight bits
   // for each slot, so that few words pass it without reason.
-  int filter_bits() const { return std::max(slot_bits_ + 3, 6); }
+  static constexpr int fewest_slot_bits = 3;  // so that the filter has a word
+  int filter_bits() const { return slot_bits_ + 3; }
   std::size_t place_in_filter(Hash hash) const { return hash >> (64 - filter_bits()); }
   std::size_t slot(Hash hash) const { return hash >> (64 - slot_bits_); }
   std::size_t next(std::size_t slot) const { return (slot + 1) & (entries_.size() - 1); }
