@@ -15,7 +15,7 @@ from pathlib import Path, PurePosixPath
 
 ROOT = Path(__file__).parents[1]
 EXAMPLE = ROOT / "examples" / "typed_planner_step.py"
-SOURCE_PACKAGE = {"docs", "examples", "src"}
+SOURCE_PACKAGE = {"docs", "examples", "scripts", "src"}
 SOURCE_PACKAGE |= {"CHANGELOG.md", "CMakeLists.txt", "CONTRIBUTING.md", "LICENSE", "PKG-INFO"}
 SOURCE_PACKAGE |= {"README.md", "pyproject.toml"}
 METADATA = ["Name", "Version", "Summary", "Author", "License-Expression", "License-File"]
