@@ -13,6 +13,8 @@ from reliability import copies
 
 from tavik_agent import material_characterization as mc
 
+pytest.register_assert_rewrite("reliability.properties")
+
 settings.register_profile("suite", max_examples=300, derandomize=True, deadline=None, database=None)
 settings.load_profile("suite")
 

@@ -53,6 +53,8 @@ def test_decisions_name_every_keyword():
 @pytest.mark.parametrize("field", [key for key, labels in LABELS.items() if "" not in labels])
 def test_decisions_lead_to_every_label(field):
     section = re.search(rf"^## {field}$(.*?)^## ", DECISIONS, re.MULTILINE | re.DOTALL)[1]
+    numbers = re.findall(r"^\| (\d+) ", section, re.MULTILINE)
+    assert [int(number) for number in numbers] == list(range(1, len(numbers) + 1))
     decided = re.findall(r"^\| \d+ \| .* \| `(\w+)` \|(?: [^`|]* \|)?$", section, re.MULTILINE)
     assert len(decided) == len(re.findall(r"^\| \d+ ", section, re.MULTILINE))
     assert {*decided} == LABELS[field]

@@ -52,6 +52,8 @@ def outcome(module, request):
 
 def check_record(record):
     assert list(record) == KEYS
+    kinds = {key: str if key in LABELS else get_origin(hint) or hint for key, hint in HINTS.items()}
+    assert {key: type(value) for key, value in record.items()} == kinds
     assert all(record[key] in labels for key, labels in LABELS.items())
     assert all(type(symbol) is str and symbol.strip() for symbol in record["species"])
     assert len({*record["species"]}) == len(record["species"])

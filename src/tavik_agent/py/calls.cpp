@@ -1,4 +1,5 @@
-// Calls with keywords, and imports worded as Python's import statement words them.
+// Calls with keywords, look-ups of names, and imports worded as Python's import statement words
+// them.
 #include "py/calls.hpp"
 
 #include "py/containers.hpp"
@@ -13,6 +14,14 @@ Object find_attribute(const Object& object, const Object& name) {
   return check(PyObject_GetOptionalAttr(object.get(), name.get(), &found)) == 0
              ? Object()
              : Object::steal(found);
+}
+
+/// Ends the current call with the error that is set, after giving it one more attribute.
+[[noreturn]] void throw_with(const char* attribute, const Object& value) {
+  Object error = Object::steal(PyErr_GetRaisedException());
+  if (PyObject_SetAttrString(error.get(), attribute, value.get()) < 0) PyErr_Clear();
+  PyErr_SetRaisedException(error.release());
+  throw Error{};
 }
 
 [[noreturn]] void raise_cannot_import(const Object& module, const Object& module_name,
@@ -48,11 +57,14 @@ Object import_from(std::string_view module, std::string_view name) {
   return found;
 }
 
-void throw_with(const char* attribute, const Object& value) {
-  Object error = Object::steal(PyErr_GetRaisedException());
-  if (PyObject_SetAttrString(error.get(), attribute, value.get()) < 0) PyErr_Clear();
-  PyErr_SetRaisedException(error.release());
-  throw Error{};
+Object look_up_global(const Object& globals, const Object& builtins, const Object& name) {
+  PyObject* found = nullptr;
+  if (check(PyDict_GetItemRef(globals.get(), name.get(), &found)) == 0 &&
+      check(PyMapping_GetOptionalItem(builtins.get(), name.get(), &found)) == 0) {
+    PyErr_Format(PyExc_NameError, "name '%U' is not defined", name.get());
+    throw_with("name", name);
+  }
+  return Object::steal(found);
 }
 
 }  // namespace tavik::py

@@ -1,4 +1,4 @@
-// Attributes, calls of Python objects, and imports.
+// Attributes, calls of Python objects, global names, and imports.
 #pragma once
 
 #include <initializer_list>
@@ -35,7 +35,10 @@ Object call_with_keywords(const Object& function, std::initializer_list<PyObject
 /// from module import name. Throws with Python's ImportError, which names what is missing.
 Object import_from(std::string_view module, std::string_view name);
 
-/// Ends the current call with the error that is set, after giving it one more attribute.
-[[noreturn]] void throw_with(const char* attribute, const Object& value);
+/// The built-ins that functions defined here and now would have.
+inline Object builtins() { return Object::borrow(PyEval_GetBuiltins()); }
+/// What a function with these globals and built-ins reaches by the name; a NameError when it
+/// reaches nothing.
+Object look_up_global(const Object& globals, const Object& builtins, const Object& name);
 
 }  // namespace tavik::py

@@ -50,6 +50,8 @@ Object set_of(const Objects& objects);
 bool is_subset(const Object& set, const Object& collection);
 
 inline Object new_dict() { return Object::steal(PyDict_New()); }
+/// A copy of an exact dict.
+inline Object copy_of(const Object& dict) { return Object::steal(PyDict_Copy(dict.get())); }
 /// dict(mapping)
 Object dict_of(const Object& mapping);
 /// dict[key] = value

@@ -68,8 +68,19 @@ DictListener* DictWatch::listener_of(PyObject* dict) {
 }
 
 int DictWatch::notify(PyDict_WatchEvent event, PyObject* dict, PyObject* key, PyObject* value) {
-  if (DictListener* const listener = listener_of(dict)) listener->will_change(event, key, value);
+  DictListener* const listener = listener_of(dict);
+  if (listener == nullptr) return 0;
+  const bool is_about_one_key = event == PyDict_EVENT_ADDED || event == PyDict_EVENT_MODIFIED ||
+                                event == PyDict_EVENT_DELETED;
+  // A key that is no plain string may equal any other by its own account.
+  const bool can_be_told = is_about_one_key && PyUnicode_CheckExact(key);
+  listener->will_change({.key = can_be_told ? key : nullptr,
+                         .new_value = event == PyDict_EVENT_MODIFIED ? value : nullptr});
   return 0;
+}
+
+bool DictChange::is_about(std::string_view text) const {
+  return PyUnicode_EqualToUTF8AndSize(key, text.data(), static_cast<Py_ssize_t>(text.size())) != 0;
 }
 
 }  // namespace tavik::py

@@ -1,15 +1,26 @@
 // Notice of every change of a dict, through Python's dict watchers.
 #pragma once
 
+#include <string_view>
+
 #include "py/object.hpp"
 
 namespace tavik::py {
 
+/// What is about to happen to a dict.
+struct DictChange {
+  PyObject* key;        ///< an exact string; no object when it cannot be told which keys change
+  PyObject* new_value;  ///< what takes the place of a value; no object when none was there or none
+                        ///< will be
+
+  /// Whether the key is this text.
+  bool is_about(std::string_view text) const;
+};
+
 /// Told of a change right before it takes effect. Must neither throw nor run Python code.
 class DictListener {
  public:
-  virtual void will_change(PyDict_WatchEvent event, PyObject* key,
-                           PyObject* new_value) noexcept = 0;
+  virtual void will_change(const DictChange& change) noexcept = 0;
 
  protected:
   ~DictListener() = default;

@@ -69,8 +69,8 @@ class PhraseIndex::Found {
 
 PhraseIndex::PhraseIndex(Phrases phrases)
     : phrases_(std::move(phrases)),
-      slot_bits_(std::max(static_cast<int>(std::bit_width(phrases_.count() * 2 + 1)),
-                          fewest_slot_bits)),
+      slot_bits_(
+          std::max(static_cast<int>(std::bit_width(phrases_.count() * 2 + 1)), fewest_slot_bits)),
       beginnings_(std::vector<std::uint64_t>((std::size_t{1} << filter_bits()) / 64)),
       entries_(std::size_t{1} << slot_bits_, Entry{unused, 0}) {
   for (std::size_t row = 0; row < phrases_.count(); ++row) enter(static_cast<Row>(row));

@@ -77,7 +77,7 @@ def characterize_material(
                                "structure_description": text
                              Other words are allowed and decide nothing by themselves.
 
-    Returns a new dict with 17 keys in this order (merged: the base's keys first):
+    Returns a new dict with these keys in this order (merged: the base's keys first):
       step                   in upper case
       structure_mode, structure_archetype, electronic_class, magnetic_class, correlation_class,
       material_family        labels, see below

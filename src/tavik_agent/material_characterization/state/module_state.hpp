@@ -54,7 +54,7 @@ class ModuleState {
   bool is_mapping(const py::Object& value) const { return py::is_mapping(value, mapping_type_); }
 
   /// A new record with every key in its place and the initial value of each.
-  py::Object new_record() const { return py::Object::steal(PyDict_Copy(initial_record_.get())); }
+  py::Object new_record() const { return py::copy_of(initial_record_); }
   const py::Object& initial_value(RecordKey key) const { return initial_values_[key]; }
 
   /// The symbols that KNOWN_ELEMENT_SYMBOLS is bound to, when they are known to be the module's own

@@ -38,7 +38,7 @@ class Namespace final : public py::DictListener {
     action(builtins_);
     action(names_);
   }
-  void will_change(PyDict_WatchEvent event, PyObject* key, PyObject* new_value) noexcept override;
+  void will_change(const py::DictChange& change) noexcept override;
 
  private:
   static constexpr std::uint64_t bit(Global name) {
