@@ -13,7 +13,8 @@ from rich.text import Text
 
 from .files import input_place, parse_json, read_lines
 from .request import Shape, expect
-from .screen import ACCOUNT, grid, written
+from .screen import ACCOUNT
+from .terminal import grid, written
 
 Record = dict[str, Any]
 

@@ -3,10 +3,7 @@ evidence in order. On a terminal it is in colour and fits the width; elsewhere i
 wrapped.
 """
 
-import json
-import sys
 from collections.abc import Iterator, Mapping
-from reprlib import repr as brief
 from typing import Any
 
 from rich.console import Console, Group, RenderableType
@@ -15,36 +12,13 @@ from rich.table import Table
 from rich.text import Text
 
 from .evidence import field_of
+from .terminal import grid, show, written
 
 UNDECIDED: tuple[Any, ...] = ("", "unknown", "other", [])
 ACCOUNT = ("evidence", "confidence")  # say how the labels were reached
 ROOM_FOR_THREE_COLUMNS = 78
 BAR_CELLS = 20
-UNLIMITED = 10**9
 FIELD_CELLS = 23
-
-
-def console_for_output() -> Console:
-    width = None if sys.stdout.isatty() else UNLIMITED
-    return Console(width=width, highlight=False, markup=False, emoji=False)
-
-
-def written(value: Any) -> str:
-    """A value of a record on one line; control characters are escaped."""
-    match value:
-        case "" | []:
-            return "-"
-        case str():
-            return "".join(c if c.isprintable() else ascii(c)[1:-1] for c in value)
-        case list() if all(isinstance(item, str) for item in value):
-            return ", ".join(map(written, value))
-        case None | bool() | int() | float():
-            return json.dumps(value)
-    return brief(value)
-
-
-def grid() -> Table:
-    return Table(box=None, pad_edge=False, padding=(0, 2, 0, 0), header_style="bold")
 
 
 def show_record(console: Console, record: Mapping[str, Any], query: str) -> None:
@@ -55,11 +29,7 @@ def show_record(console: Console, record: Mapping[str, Any], query: str) -> None
         parts = [Text(written(query), "bold"), "", *parts]
     if evidence:
         parts += ["", _numbered(evidence)]
-    with console.capture() as screen:
-        for part in parts:
-            console.print(part)
-    # The last column is padded with blanks to the width of the console.
-    print(*(line.rstrip() for line in screen.get().splitlines()), sep="\n")
+    show(console, parts)
 
 
 def _labels(record: Mapping[str, Any], evidence: list[str], width: int) -> RenderableType:
