@@ -4,6 +4,7 @@ in one is reported in one line that names the place.
 
 import codecs
 import json
+import os
 import sys
 from collections.abc import Iterator
 from contextlib import contextmanager
@@ -41,6 +42,19 @@ def read_lines(path: str) -> Iterator[bytes]:
         else:
             with open(path, "rb") as file:
                 yield from file
+
+
+def write_file(path: str, data: bytes) -> None:
+    """Writes a file, which appears under its name when it is complete."""
+    part = f"{path}.part"
+    with input_errors_at(path):
+        with open(part, "xb") as file:
+            try:
+                file.write(data)
+            except BaseException:
+                os.unlink(part)
+                raise
+        os.replace(part, path)
 
 
 def read_json(path: str) -> Any:

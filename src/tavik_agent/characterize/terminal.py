@@ -1,8 +1,10 @@
 """The console of all commands: on a terminal in colour and as wide as it; elsewhere plain."""
 
+import html
 import json
 import sys
 from collections.abc import Iterable
+from io import StringIO
 from reprlib import repr as brief
 from typing import Any
 
@@ -10,6 +12,24 @@ from rich.console import Console, RenderableType
 from rich.table import Table
 
 UNLIMITED = 10**9
+PAGE_WIDTH = 100
+
+# Braces that are doubled stand for themselves.
+PAGE = """<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<title>{title}</title>
+<style>
+body {{{{ color: {{foreground}}; background: {{background}}; margin: 2em; }}}}
+pre {{{{ font-family: ui-monospace, Menlo, Consolas, "DejaVu Sans Mono", monospace; }}}}
+{{stylesheet}}
+</style>
+</head>
+<body><pre>{{code}}</pre></body>
+</html>
+"""
 
 
 def console_for_output() -> Console:
@@ -41,3 +61,14 @@ def show(console: Console, parts: Iterable[RenderableType]) -> None:
         for part in parts:
             console.print(part)
     print(*(line.rstrip() for line in screen.get().splitlines()), sep="\n")
+
+
+def page(title: str, parts: Iterable[RenderableType]) -> str:
+    """The parts below each other as an HTML page that needs nothing from outside."""
+    console = Console(
+        record=True, file=StringIO(), force_terminal=True, width=PAGE_WIDTH, highlight=False
+    )
+    for part in parts:
+        console.print(part, markup=False, emoji=False)
+    title = html.escape(title).replace("{", "{{").replace("}", "}}")
+    return console.export_html(code_format=PAGE.format(title=title))
