@@ -16,10 +16,15 @@ struct Storage {
 
 Storage* storage_of(PyObject* module) { return static_cast<Storage*>(PyModule_GetState(module)); }
 
+/// As Python stores a function of any kind; the flags of a method say which kind it is.
+PyCFunction stored(PyCFunctionFastWithKeywords function) noexcept {
+  return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(function));
+}
+
 template <auto Function, const Signature& signature>
 PyMethodDef method() noexcept {
-  return {signature.name, _PyCFunction_CAST((enter<Function, signature>)),
-          METH_FASTCALL | METH_KEYWORDS, signature.docstring};
+  return {signature.name, stored(enter<Function, signature>), METH_FASTCALL | METH_KEYWORDS,
+          signature.docstring};
 }
 
 #define TAVIK_FUNCTION(name) method<rules::name, signatures::name>()

@@ -2,6 +2,8 @@
 // them.
 #include "py/calls.hpp"
 
+#include <vector>
+
 #include "py/containers.hpp"
 #include "py/strings.hpp"
 
@@ -36,16 +38,17 @@ Object find_attribute(const Object& object, const Object& name) {
 
 }  // namespace
 
-Object call_with_keywords(const Object& function, std::initializer_list<PyObject*> arguments,
-                          std::initializer_list<const char*> names) {
+Object call_with_keywords(const Object& function, std::initializer_list<Argument> arguments) {
+  std::vector<PyObject*> values;
   const Object keywords = new_list();
-  for (const char* name : names) {
-    if (name != nullptr) append(keywords, string(name));
+  for (const auto& [keyword, value] : arguments) {
+    values.push_back(value.get());
+    if (keyword != nullptr) append(keywords, string(keyword));
   }
   const Object keyword_names = Object::steal(PyList_AsTuple(keywords.get()));
-  const std::size_t positional = arguments.size() - length(keywords);
+  const std::size_t positional = values.size() - length(keywords);
   return Object::steal(
-      PyObject_Vectorcall(function.get(), arguments.begin(), positional, keyword_names.get()));
+      PyObject_Vectorcall(function.get(), values.data(), positional, keyword_names.get()));
 }
 
 Object import_from(std::string_view module, std::string_view name) {

@@ -27,10 +27,14 @@ Object call_method(const Object& value, const char* name, const Arguments&... ar
       value.get(), Object::steal(PyUnicode_FromString(name)).get(), arguments.get()..., nullptr));
 }
 
-/// function(...), each argument by position or, where it has a name, by keyword; those with a name
-/// come last.
-Object call_with_keywords(const Object& function, std::initializer_list<PyObject*> arguments,
-                          std::initializer_list<const char*> names);
+/// An argument of a call; by position when there is no keyword.
+struct Argument {
+  const char* keyword;
+  const Object& value;
+};
+
+/// function(...); the arguments with a keyword come last.
+Object call_with_keywords(const Object& function, std::initializer_list<Argument> arguments);
 
 /// from module import name. Throws with Python's ImportError, which names what is missing.
 Object import_from(std::string_view module, std::string_view name);

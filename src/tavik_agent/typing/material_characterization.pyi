@@ -39,6 +39,7 @@ from tavik_agent.material_reference_data import (
 )
 from tavik_agent.method_acronyms import METHOD_ACRONYMS as METHOD_ACRONYMS
 
+# For information: how formulas are read. Rebinding the two patterns changes nothing.
 _FORMULA_TOKEN_RE: re.Pattern[str]
 _FORMULA_PART_RE: re.Pattern[str]
 _NON_FORMULA_TOKENS: set[str]

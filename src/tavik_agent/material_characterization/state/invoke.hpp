@@ -13,11 +13,11 @@ struct Passed {
   const char* keyword;
   Argument& value;
 
-  PyObject* object() const {
+  py::Argument as_python() const {
     if constexpr (std::is_same_v<Argument, Text>) {
-      return value.value().get();
+      return {keyword, value.value()};
     } else {
-      return value.get();
+      return {keyword, value};
     }
   }
 };
@@ -50,8 +50,7 @@ Object invoke(const ModuleState& module, Global name, Arguments&&... arguments) 
   if (bound.is_same(module.own(name))) {
     return as_object(module, Function(module, passed(arguments).value...));
   }
-  return py::call_with_keywords(bound, {passed(arguments).object()...},
-                                {passed(arguments).keyword...});
+  return py::call_with_keywords(bound, {passed(arguments).as_python()...});
 }
 
 }  // namespace tavik::characterization
