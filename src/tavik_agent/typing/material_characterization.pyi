@@ -63,7 +63,8 @@ def characterize_material(
       step                   name of the planning step, for example "relax"
       step_params            mapping of the step's parameters; read are
                                "element": [{"species": "Fe"}, ...] or {"Fe": ..., "O": ...}
-                               "atom":    {"xyz": rows, or text for an external structure; "fracxyz": rows}
+                               "atom":    {"xyz": rows, or text for an external structure,
+                                           "fracxyz": rows}
                                "domain":  {"latvec": three vectors}
       query_text             the user's request in free text
       findings               iterable of findings so far, strings or other values
@@ -92,9 +93,9 @@ def characterize_material(
       evidence               list of messages, in the order of the decisions
       confidence             0.25 when nothing was decided, at most 0.95
 
-    No argument is modified. Errors that a value raises while it is read reach the caller unchanged: an
-    AttributeError for a non-empty mapping argument without "get", a TypeError for findings that cannot
-    be iterated, a ValueError for a base confidence that is not a number.
+    No argument is modified. Errors that a value raises while it is read reach the caller
+    unchanged: an AttributeError for a non-empty mapping argument without "get", a TypeError for
+    findings that cannot be iterated, a ValueError for a base confidence that is not a number.
     """
 
 @overload
@@ -123,9 +124,9 @@ def classify_system_class(
       explicit_text        free text; the whole words "metal" and "metallic" in it count
       structure_archetype  a label of the record's structure_archetype
 
-    A two-dimensional archetype decides first, then the formula, then the text, then a single species.
-    Errors that a value or a reference function raises reach the caller unchanged; a species argument
-    that cannot be iterated is a TypeError.
+    A two-dimensional archetype decides first, then the formula, then the text, then a single
+    species. Errors that a value or a reference function raises reach the caller unchanged; a
+    species argument that cannot be iterated is a TypeError.
     """
 
 def _combined_text(*parts: object) -> str:
@@ -149,7 +150,7 @@ def _formula_parts(token: object) -> list[tuple[str, int]]:
     """
 
 def _species_from_text(text: object) -> list[str]:
-    """List the species that prose mentions: by compound names, element names, then written formulas."""
+    """List the species in prose: by compound names, element names, then written formulas."""
 
 def _formula_hint(text: object, species: Iterable[object]) -> str:
     """Return the one formula that names the material, or "".
@@ -170,9 +171,10 @@ def _structure_archetype(
     query_text: object = "",
     query_intent: QueryIntent | Mapping[str, object] | None = None,
 ) -> StructureArchetype:
-    """Name the kind of structure that the user's words speak of; see characterize_material for the labels.
+    """Name the kind of structure that the user's words speak of.
 
-    The query and the intent's structure description are read; combined_text only when both are blank.
+    The query and the intent's structure description are read; combined_text only when both are
+    blank. The labels are those of the record's structure_archetype.
     """
 
 def _electronic_class(
@@ -191,7 +193,7 @@ def _correlation_class(
     intent_correlation: str = "",
     intent_complexity: str = "",
 ) -> CorrelationClass:
-    """Classify as "dftu_sensitive", "plain_dft" or "unknown": by intent, then wording, then tables."""
+    """Classify as "dftu_sensitive", "plain_dft" or "unknown": by intent, wording, then tables."""
 
 def _magnetic_class(
     species: Sequence[str],
@@ -213,4 +215,4 @@ def _material_family(
     formula_hint: str,
     structure_archetype: str = "",
 ) -> MaterialFamily:
-    """Sort the material into a broad family from the labels reached before; see characterize_material."""
+    """Sort the material into a broad family, from the labels reached before."""
