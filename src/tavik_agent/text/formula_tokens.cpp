@@ -55,8 +55,9 @@ std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
 }
 
 std::optional<std::string_view> FormulaTokens::next() {
-  for (std::size_t begin; (begin = capitals_.next()) < text_.size();) {
-    if (!starts_word(text_, begin, tables_)) continue;
+  while (at_ < text_.size()) {
+    const std::size_t begin = at_++;
+    if (!is_ascii_upper(text_[begin]) || !starts_word(text_, begin, tables_)) continue;
     const std::size_t end = after_parts(text_, begin, tables_);
     if (ends_word(text_, end, tables_)) return text_.substr(begin, end - begin);
   }

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "text/characters.hpp"
-#include "text/eight_bytes.hpp"
 
 namespace tavik::text {
 
@@ -51,7 +50,7 @@ bool all_parts(std::string_view text, const CharacterTables& tables, Test test) 
 class FormulaTokens {
  public:
   FormulaTokens(std::string_view text, const CharacterTables& tables)
-      : text_(text), tables_(tables), capitals_(text) {}
+      : text_(text), tables_(tables) {}
 
   /// The next token; nothing after the last one.
   std::optional<std::string_view> next();
@@ -59,7 +58,7 @@ class FormulaTokens {
  private:
   std::string_view text_;
   const CharacterTables& tables_;
-  Capitals capitals_;
+  std::size_t at_ = 0;
 };
 
 }  // namespace tavik::text

@@ -16,10 +16,19 @@ constexpr std::uint32_t unused = std::numeric_limits<std::uint32_t>::max();
 /// Compared before the words are; the places in filter and table go by the uppermost bits.
 constexpr std::uint32_t fingerprint(std::uint64_t hash) { return static_cast<std::uint32_t>(hash); }
 
-/// The first eight letters of a word and the last eight of a longer one, in one machine word.
-inline std::uint64_t letters_of(std::string_view text, std::size_t begin, std::size_t end) {
-  if (end - begin <= word_size) return bytes_between(text, begin, end);
-  return load(text.data() + begin) ^ std::rotl(load(text.data() + end - word_size), 28);
+struct Word {
+  std::size_t end;
+  std::uint64_t letters;  ///< five bits a letter; those of a long word lie upon each other
+};
+
+/// The word that begins there; it ends before the next blank.
+inline Word read_word(std::string_view text, std::size_t begin) {
+  std::size_t end = begin;
+  std::uint64_t letters = 0;
+  for (; end < text.size() && text[end] != ' '; ++end) {
+    letters = std::rotl(letters, 5) ^ static_cast<unsigned char>(text[end]);
+  }
+  return {end, letters};
 }
 
 /// The hash of some words and one more. It is a product, so its uppermost bits depend on all
@@ -80,12 +89,11 @@ void PhraseIndex::enter(Row row) {
   const std::string_view phrase = phrases_[row];
   longest_ = std::max(longest_, phrase.size());
   Hash words = no_words;
-  Blanks blanks(phrase);
   for (std::size_t begin = 0; begin <= phrase.size();) {
-    const std::size_t end = blanks.next();
-    words = with_word(words, letters_of(phrase, begin, end));
+    const Word word = read_word(phrase, begin);
+    words = with_word(words, word.letters);
     beginnings_.add(place_in_filter(words));
-    begin = end + 1;
+    begin = word.end + 1;
   }
   std::size_t at = slot(words);
   while (entries_[at].row != unused) at = next(at);
@@ -100,27 +108,24 @@ void PhraseIndex::look_up(Hash hash, std::string_view words, Found& found) const
   }
 }
 
-/// Adds the phrases that begin with the word [begin, end), whose hash is `words`, and go on with
-/// the words between the blanks behind it.
+/// Adds the phrases that begin with the word [begin, end), whose hash is `words`.
 void PhraseIndex::follow(std::string_view text, std::size_t begin, std::size_t end, Hash words,
-                         const Blanks& blanks, Found& found) const {
-  Blanks ahead = blanks;
+                         Found& found) const {
   do {
     look_up(words, text.substr(begin, end - begin), found);
     if (end == text.size() || end - begin > longest_) return;
-    const std::size_t next_begin = end + 1;
-    end = ahead.next();
-    words = with_word(words, letters_of(text, next_begin, end));
+    const Word next_word = read_word(text, end + 1);
+    end = next_word.end;
+    words = with_word(words, next_word.letters);
   } while (may_begin_phrase(words));
 }
 
 PhraseIndex::Rows PhraseIndex::find(std::string_view text) const {
   Found found;
-  Blanks blanks(text);
   for (std::size_t begin = 0; begin <= text.size();) {
-    const std::size_t end = blanks.next();
-    const Hash word = with_word(no_words, letters_of(text, begin, end));
-    if (may_begin_phrase(word)) follow(text, begin, end, word, blanks, found);
+    const auto [end, letters] = read_word(text, begin);
+    const Hash word = with_word(no_words, letters);
+    if (may_begin_phrase(word)) follow(text, begin, end, word, found);
     begin = end + 1;
   }
   return found.take();

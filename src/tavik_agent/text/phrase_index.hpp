@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "text/bit_filter.hpp"
-#include "text/eight_bytes.hpp"
 
 namespace tavik::text {
 
@@ -27,8 +26,8 @@ class Phrases {
 };
 
 /// A bit filter knows the words that phrases begin with: one word, two words and so on up to the
-/// whole phrase. A hash table knows the whole phrases. Both go by a hash of the words, which is
-/// made of the first and the last eight letters of each; what is found by it is compared in full.
+/// whole phrase. A hash table knows the whole phrases. Both go by a hash of the words; what is
+/// found by it is compared in full.
 class PhraseIndex {
  public:
   using Row = std::uint32_t;
@@ -50,7 +49,7 @@ class PhraseIndex {
   void enter(Row row);
   bool may_begin_phrase(Hash words) const { return beginnings_.may_hold(place_in_filter(words)); }
   void follow(std::string_view text, std::size_t begin, std::size_t end, Hash words,
-              const Blanks& blanks, Found& found) const;
+              Found& found) const;
   void look_up(Hash hash, std::string_view words, Found& found) const;
 
   // The hash table has open addressing and two slots or more for each phrase, the filter eight bits
