@@ -11,7 +11,8 @@ Criterion, for what the rules make:
 - such a run with a number from 17 to 29 behind it is a data set named by its year (OC20);
 - a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
   "Li1-xCoO2"). As a formula it would make the material a metal. So would a symbol with 2 or 3
-  before a variable that is no molecule ("La2-xSrxCuO4").
+  before a variable that is no molecule ("La2-xSrxCuO4"), and two symbols with the count 0 of the
+  second ("BaCe0.9Y0.1O3").
 
 Criterion, for the words of the list: the word occurs in requests for calculations (methods,
 programs, notation, units, structure symbols, sentence words), some spelling of it could pass as a
@@ -30,7 +31,7 @@ W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for un
 of the Brillouin zone.
 """
 
-from itertools import chain
+from itertools import chain, product
 from typing import Final
 
 from tavik_agent.material_reference_data import (
@@ -88,10 +89,16 @@ _DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
 
 # Elements whose single atoms are written with a 1 ("Pt1/MgO").
 _SINGLE_ATOMS: Final = frozenset("Pt Pd Au Ag Rh Ir Ru Os Cu Fe Co Ni".split())
+# Elements of mixed crystals, whose first piece may hold two symbols ("BaCe0.9Y0.1O3").
+_IN_MIXED_CRYSTALS: Final = (
+    "LI NA K CS MG CA SR BA Y LA CE PR ND SM GD TI ZR HF V NB TA CR MO W MN RE FE RU CO NI PD PT "
+    "CU AG ZN CD HG AL GA IN TL SI GE SN PB AS SB BI S SE TE N P"
+).split()
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
     *(piece.upper() for piece in FIRST_PIECES),
+    *(f"{one}{two}0" for one, two in product(_IN_MIXED_CRYSTALS, repeat=2)),
 ]
 
 # fmt: off

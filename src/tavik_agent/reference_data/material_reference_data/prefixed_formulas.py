@@ -11,7 +11,8 @@ Left out: prefixes in capitals without subscripts, which the formula scan passes
 from collections.abc import Iterator, Mapping
 from typing import Final
 
-from .written_forms import as_plain_subscripts, first_of_each
+from .subscripts import as_plain_subscripts, in_html
+from .written_forms import first_of_each
 
 _GREEK: Final = {
     "alpha": "α", "beta": "β", "gamma": "γ", "delta": "δ", "epsilon": "ε", "kappa": "κ",
@@ -41,18 +42,21 @@ _LETTERS: Final = {
 
 def _prefixed() -> Iterator[tuple[str, str]]:
     for word, formulas in _PHASES.items():
-        prefixes = (word, _GREEK[word], f"$\\{word}$")
+        greek = _GREEK[word]
         for formula in formulas.split():
-            yield from _spellings(prefixes, formula)
+            plain = formula.lower()
+            characters, latex = as_plain_subscripts(plain) or (plain, plain)
+            for prefix in (word, greek):
+                yield f"{prefix}-{plain}", formula
+                yield f"{prefix}-{characters}", formula
+                yield f"{prefix}-{in_html(plain)}", formula
+            for prefix in (word, greek, f"$\\{word}$"):
+                yield f"{prefix}-{latex}", formula
     for letter, formulas in _LETTERS.items():
         for formula in formulas.split():
-            yield from _spellings((letter,), formula)
-
-
-def _spellings(prefixes: tuple[str, ...], formula: str) -> Iterator[tuple[str, str]]:
-    plain = formula.lower()
-    for written in (plain, *as_plain_subscripts(plain)):
-        yield from ((f"{prefix}-{written}", formula) for prefix in prefixes)
+            plain = formula.lower()
+            for written in (plain, *as_plain_subscripts(plain), in_html(plain)):
+                yield f"{letter}-{written}", formula
 
 
 PREFIXED_FORMULAS: Final[Mapping[str, str]] = first_of_each(_prefixed())

@@ -16,7 +16,8 @@ from collections.abc import Iterator, Mapping
 from types import MappingProxyType
 from typing import Final
 
-from .written_forms import as_plain_subscripts, first_of_each
+from .subscripts import as_plain_subscripts
+from .written_forms import first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
 # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
@@ -28,7 +29,6 @@ SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "α-quartz": "SiO2",
         "sapphire": "Al2O3",
         "fluorspar": "CaF2",
-        "halite": "NaCl",
         "silicon dioxide": "SiO2",
         "silicon oxide": "SiO2",
         "silica": "SiO2",
@@ -93,6 +93,7 @@ _SUPPORTS: Final = (
 ).split()
 
 _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
+_UNDER_ATOMS: Final = _REDUCIBLE[:4]
 
 # Dopants that are written before silicon, germanium and their like.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
@@ -167,13 +168,15 @@ def _adsorbed(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
 
 
 def _wet_supports() -> Iterator[tuple[str, str]]:
-    """A molecule over an oxide, co/tio2, and over its usual face, co/tio2(110)."""
+    """Molecules, metals and single atoms over an oxide or its usual face: co/tio2(110)."""
+    metals = [*map(str.lower, _REACTIVE_METALS)]
+    atoms = [metal + "1" for metal in metals]
     for solid in _SUPPORTS:
         name = solid.lower()
-        for adsorbate in (*_ADSORBATES, *map(str.lower, _REACTIVE_METALS)):
-            yield f"{adsorbate}/{name}", solid
+        for guest in (*_ADSORBATES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
+            yield f"{guest}/{name}", solid
             if solid in _REDUCIBLE:
-                yield f"{adsorbate}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
+                yield f"{guest}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
 
 
 def _hosts() -> Iterator[tuple[str, str]]:

@@ -1,0 +1,67 @@
+"""Oxides with a dopant of lower valence and the oxygen vacancies that come with it.
+
+Meaning: a lower-case spelling ("ce0.9gd0.1o1.95") and a formula of plain symbols and whole counts:
+the elements of the shared site side by side, oxygen as in the host (CeGdO2, BaZrYO3).
+Criterion: electrolytes and electrodes of fuel cells. Two dopant atoms take one oxygen atom away;
+the oxygen is written as that number or as "-δ" and "-x".
+Sources: J. A. Kilner and M. Burriel, Annu. Rev. Mater. Res. 44, 365 (2014), the systems.
+Left out: sites of three elements other than those of the list.
+"""
+
+from collections.abc import Iterator, Mapping
+from re import compile as pattern
+from typing import Final
+
+from .written_forms import first_of_each
+
+# The host before its site, the element of the site, its dopants, and the count of oxygen.
+_FLUORITES: Final = (
+    ("", "Ce", "Gd Sm Y La Nd Pr", 2), ("", "Zr", "Y Sc Gd Ca", 2),
+    ("Ba", "Zr", "Y", 3), ("Ba", "Ce", "Y Gd", 3), ("Sr", "Ce", "Y Yb", 3), ("Sr", "Zr", "Y", 3),
+)  # fmt: skip
+_SHARES: Final = (5, 8, 10, 15, 20, 25)
+# Perovskites whose oxygen is left open.
+_OPEN: Final = (
+    "la0.6sr0.4coo3 la0.8sr0.2mno3 la0.7sr0.3mno3 la0.6sr0.4feo3 la0.8sr0.2coo3 la0.5sr0.5coo3 "
+    "la1-xsrxcoo3 la1-xsrxmno3 la1-xsrxfeo3 sr1-xlaxtio3 srti1-xfexo3 bazr1-xyxo3 bace1-xyxo3"
+).split()
+_SITES: Final = {"la": "LaSr", "sr": "SrLa", "srti": "SrTiFe", "bazr": "BaZrY", "bace": "BaCeY"}
+_ENDS: Final = ("-δ", "−δ", "-x", "-d")
+_GALLATES: Final = (
+    "la0.8sr0.2ga0.8mg0.2o2.8", "la0.9sr0.1ga0.8mg0.2o2.85", "la0.9sr0.1ga0.8mg0.2o3-δ",
+    "la0.8sr0.2ga0.83mg0.17o2.815", "la0.8sr0.2ga0.8mg0.2o3-δ",
+)  # fmt: skip
+_COUNT: Final = pattern(r"\d+\.\d+(?:-δ)?|\d-δ")
+
+
+def _share(hundredths: int) -> str:
+    return f"{hundredths / 100:g}"
+
+
+def _doped() -> Iterator[tuple[str, str]]:
+    for start, host, dopants, oxygen in _FLUORITES:
+        for dopant in dopants.split():
+            formula = f"{start}{host}{dopant}O{oxygen}"
+            lost = 1 if dopant == "Ca" else 0.5
+            for share in _SHARES:
+                metals = f"{start}{host}{_share(100 - share)}{dopant}{_share(share)}o".lower()
+                yield metals + f"{oxygen - lost * share / 100:g}", formula
+                yield metals + f"{oxygen}-δ", formula
+
+
+def _open() -> Iterator[tuple[str, str]]:
+    for spelling in _OPEN:
+        start = spelling[: next(i for i, c in enumerate(spelling) if c.isdigit())]
+        last = {"la": spelling[-4:-2], "sr": "ti"}.get(start, "")
+        yield from ((spelling + end, f"{_SITES[start]}{last.title()}O3") for end in _ENDS)
+
+
+def _rows() -> Iterator[tuple[str, str]]:
+    plain = [*_doped(), *_open(), *((gallate, "LaSrGaMgO3") for gallate in _GALLATES)]
+    yield from plain
+    for spelling, formula in plain:
+        if "x" not in spelling and not spelling.endswith(("−δ", "-d")):
+            yield _COUNT.sub(r"$_{\g<0>}$", spelling), formula
+
+
+DEFECTIVE_OXIDES: Final[Mapping[str, str]] = first_of_each(_rows())

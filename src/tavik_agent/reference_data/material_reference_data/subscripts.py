@@ -1,0 +1,115 @@
+"""The markups in which the counts of a formula are written, and the marks that stand behind them.
+
+A plain reading of "Bi<sub>2</sub>Te<sub>3</sub>" or "Bi$_2$Te$_3$" finds the pieces between the
+markup and takes bismuth for the material; where the only count ends the formula (TiO<sub>2</sub>)
+it finds all elements and loses the count. Nothing is found in Unicode characters, after bare
+underscores and in a formula that is set as a whole ("$\\mathrm{TiO_2}$"). So each form costs a row,
+and the forms are chosen by harm: all of them for the frequent formulas; marks behind dollars and
+HTML where a piece would pass for the material; the plain form of the rest.
+
+Sources: none needed; the markups are those of titles in LaTeX, of web pages and of typed text.
+"""
+
+from typing import Final
+
+from .frequent_formulas import FREQUENT_FORMULAS
+
+_FREQUENT: Final = frozenset(formula.lower() for formula in FREQUENT_FORMULAS)
+_DIGITS: Final = "0123456789"
+_CHARACTERS: Final = str.maketrans(_DIGITS, "₀₁₂₃₄₅₆₇₈₉")
+# A count between two characters that occur in no formula; those of a longer count are joined.
+_OPEN, _CLOSE = "\x01", "\x02"
+_MARKED: Final = str.maketrans({digit: f"{_OPEN}{digit}{_CLOSE}" for digit in _DIGITS})
+# What they become.
+_LATEX, _BRACES, _HTML = ("$_", "$"), ("$_{", "}$"), ("<sub>", "</sub>")
+_LOW, _LOW_BRACES = ("_", ""), ("_{", "}")
+
+# What stands before and behind a form.
+_ALONE: Final = (("", ""),)
+_COMMA: Final = (*_ALONE, ("", ","))
+_SENTENCE: Final = (*_COMMA, ("", "."), ("", ":"))
+_MARKS: Final = (*_SENTENCE, ("(", ")"))
+_ALL_MARKS: Final = (*_MARKS, ("", ";"), ("", ")"), ("(", ")."))
+_WHOLE: Final = (
+    ("$", "$"), ("$\\mathrm{", "}$"), ("${\\rm ", "}$"), ("$\\rm ", "$"),
+    ("\\(\\mathrm{", "}\\)"),
+)  # fmt: skip
+_FREQUENTLY: Final = (
+    (_LATEX, _ALL_MARKS), (_HTML, _ALL_MARKS), (_BRACES, _MARKS),
+    (_LOW, (*_COMMA, ("", ":"), *_WHOLE)), (_LOW_BRACES, (*_COMMA, *_WHOLE[:2])),
+)  # fmt: skip
+
+
+def _marked(formula: str) -> str:
+    """The formula with each count between the two characters; most have one, at the end."""
+    stem = formula.rstrip(_DIGITS)
+    if stem.isalpha():
+        return f"{stem}{_OPEN}{formula[len(stem) :]}{_CLOSE}"
+    return formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
+
+
+def _counts_end_it(formula: str) -> bool:
+    """Whether the one count stands at the end, so that its pieces hold every element."""
+    return formula.rstrip(_DIGITS).isalpha()
+
+
+def _in_markup(marked: str, markup: tuple[str, str]) -> str:
+    return marked.replace(_OPEN, markup[0]).replace(_CLOSE, markup[1])
+
+
+def _upright(marked: str) -> str:
+    """Every piece in roman letters by itself: \\mathrm{bi}_2\\mathrm{te}_3."""
+    pieces = _in_markup(marked, ("}_", "\\mathrm{"))
+    return f"\\mathrm{{{pieces}}}".replace("\\mathrm{}", "")
+
+
+def as_plain_subscripts(formula: str) -> tuple[str, ...]:
+    """A lower-case formula with its counts as subscripts, in Unicode and in LaTeX."""
+    if formula.isalpha():
+        return ()
+    return (formula.translate(_CHARACTERS), _in_markup(_marked(formula), _LATEX))
+
+
+def in_html(formula: str) -> str:
+    """A lower-case formula with its counts in HTML."""
+    return formula if formula.isalpha() else _in_markup(_marked(formula), _HTML)
+
+
+def as_subscripts(formula: str) -> tuple[str, ...]:
+    """A lower-case formula in the markups that its frequency and their harm deserve."""
+    if formula.isalpha():
+        return ()
+    characters, marked = formula.translate(_CHARACTERS), _marked(formula)
+    if formula in _FREQUENT:
+        arounds = (*_MARKS, *_ALL_MARKS[-2:])
+        unicode = [before + characters + behind for before, behind in arounds]
+        forms = [
+            before + form + behind
+            for markup, surroundings in _FREQUENTLY
+            for form in (_in_markup(marked, markup),)
+            for before, behind in surroundings
+        ]
+        return (*unicode, *forms, f"${_upright(marked)}$")
+    latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
+    braces, low = _in_markup(marked, _BRACES), _in_markup(marked, _LOW)
+    forms = (characters, latex, latex + ",", latex + ".", html, braces, low)
+    if _counts_end_it(formula):
+        return forms
+    return (
+        *forms, latex + ":", f"({latex})", html + ",", html + ".", html + ":", braces + ",",
+    )  # fmt: skip
+
+
+def as_formula(formula: str) -> tuple[str, ...]:
+    """A lower-case formula before the marks of a sentence, and with subscripts."""
+    forms = (formula, formula + ",", formula + ".", formula + ":", *as_subscripts(formula))
+    return (*forms, formula + "?", formula + ")") if formula in _FREQUENT else forms
+
+
+def as_rare_formula(formula: str) -> tuple[str, ...]:
+    """A lower-case formula in plain form, and with subscripts; HTML where it would be misread."""
+    if formula.isalpha():
+        return (formula,)
+    characters, marked = formula.translate(_CHARACTERS), _marked(formula)
+    forms = (formula, characters, _in_markup(marked, _LATEX))
+    return forms if _counts_end_it(formula) else (*forms, _in_markup(marked, _HTML))
