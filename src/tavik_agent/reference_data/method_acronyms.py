@@ -36,11 +36,11 @@ from typing import Final
 
 from tavik_agent.material_reference_data import (
     DFTU_SENSITIVE_FORMULAS,
-    FORMULA_ALIASES,
     INSULATOR_FORMULAS,
     KNOWN_ELEMENT_SYMBOLS,
     SEMICONDUCTOR_FORMULAS,
 )
+from tavik_agent.material_reference_data.compound_names import GROUPS
 from tavik_agent.material_reference_data.element_contexts import FIRST_PIECES
 
 # Runs of one-letter symbols that are molecules, radicals, groups, or compounds without counts.
@@ -70,7 +70,7 @@ _SPELT: Final = _CHEMISTRY.union(
         formula.upper()
         for formula in chain(
             SEMICONDUCTOR_FORMULAS, INSULATOR_FORMULAS, DFTU_SENSITIVE_FORMULAS,
-            frozenset(FORMULA_ALIASES.values()), KNOWN_ELEMENT_SYMBOLS,
+            *(table.values() for table, _ in GROUPS), KNOWN_ELEMENT_SYMBOLS,
         )
         if len(formula) < 5
 

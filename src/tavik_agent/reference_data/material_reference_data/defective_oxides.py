@@ -9,9 +9,9 @@ Left out: sites of three elements other than those of the list.
 """
 
 from collections.abc import Iterator, Mapping
-from re import compile as pattern
 from typing import Final
 
+from .subscripts import counts_apart
 from .written_forms import first_of_each
 
 # The host before its site, the element of the site, its dopants, and the count of oxygen.
@@ -31,7 +31,6 @@ _GALLATES: Final = (
     "la0.8sr0.2ga0.8mg0.2o2.8", "la0.9sr0.1ga0.8mg0.2o2.85", "la0.9sr0.1ga0.8mg0.2o3-δ",
     "la0.8sr0.2ga0.83mg0.17o2.815", "la0.8sr0.2ga0.8mg0.2o3-δ",
 )  # fmt: skip
-_COUNT: Final = pattern(r"\d+\.\d+(?:-δ)?|\d-δ")
 
 
 def _share(hundredths: int) -> str:
@@ -61,7 +60,8 @@ def _rows() -> Iterator[tuple[str, str]]:
     yield from plain
     for spelling, formula in plain:
         if "x" not in spelling and not spelling.endswith(("−δ", "-d")):
-            yield _COUNT.sub(r"$_{\g<0>}$", spelling), formula
+            pieces = counts_apart(spelling, "0123456789.-δ")
+            yield "".join(f"$_{{{p}}}$" if p[:1].isdigit() else p for p in pieces), formula
 
 
 DEFECTIVE_OXIDES: Final[Mapping[str, str]] = first_of_each(_rows())

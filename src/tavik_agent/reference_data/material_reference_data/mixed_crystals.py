@@ -15,9 +15,9 @@ use bracketed_formulas.py has the composition. A row there outranks the row here
 
 from collections.abc import Iterator, Mapping
 from functools import cache
-from re import compile as pattern
 from typing import Final
 
+from .subscripts import counts_apart
 from .written_forms import first_of_each
 
 # Oxides first, open shells before closed shells.
@@ -122,7 +122,6 @@ _BRACKETED: Final = (*_USUAL[:4], ("0.9", "0.1"))
 # What opens and closes a share or a count. One character stands without braces.
 _PLAIN, _LATEX, _LOW, _HTML = ("", ""), ("$_{", "}$"), ("_{", "}"), ("<sub>", "</sub>")
 _MARKUPS: Final = (_PLAIN, _LATEX, _LOW, _HTML)
-_COUNT: Final = pattern(r"\d+")
 
 
 @cache
@@ -135,7 +134,9 @@ def _set(text: str, markup: tuple[str, str]) -> str:
 
 @cache
 def _in_markup(formula: str, markup: tuple[str, str]) -> str:
-    return _COUNT.sub(lambda count: _set(count[0], markup), formula) if formula else ""
+    return "".join(
+        _set(piece, markup) if piece.isdigit() else piece for piece in counts_apart(formula)
+    )
 
 
 @cache
@@ -199,7 +200,8 @@ def _partly() -> Iterator[tuple[str, str]]:
             markup = next((m for m in _MARKUPS[1:] if m[0][0] == share[0]), _PLAIN)
             before, behind = (_in_markup(p, markup) for p in (start, end.lower().lstrip("2")))
             if share == "_{x}":
-                behind = _COUNT.sub(r"_{\g<0>}", end.lower())
+                pieces = counts_apart(end.lower())
+                behind = "".join(f"_{{{p}}}" if p.isdigit() else p for p in pieces)
             yield f"{before}{element}{share}{behind}", formula
 
 

@@ -48,6 +48,19 @@ def _marked(formula: str) -> str:
     return formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
 
 
+def counts_apart(formula: str, in_count: str = _DIGITS) -> list[str]:
+    """The formula in pieces, its counts by themselves; a count begins with a digit."""
+    pieces = [""]
+    counting = False
+    for character in formula:
+        before, counting = counting, character in (in_count if counting else _DIGITS)
+        if counting is before:
+            pieces[-1] += character
+        else:
+            pieces.append(character)
+    return pieces
+
+
 def _counts_end_it(formula: str) -> bool:
     """Whether the one count stands at the end, so that its pieces hold every element."""
     return formula.rstrip(_DIGITS).isalpha()
@@ -75,21 +88,27 @@ def in_html(formula: str) -> str:
     return formula if formula.isalpha() else _in_markup(_marked(formula), _HTML)
 
 
+def _in_every_markup(characters: str, marked: str) -> tuple[str, ...]:
+    forms = [
+        *((characters, around) for around in (*_MARKS, *_ALL_MARKS[-2:])),
+        *(
+            (form, around)
+            for markup, arounds in _FREQUENTLY
+            for form in (_in_markup(marked, markup),)
+            for around in arounds
+        ),
+        (_upright(marked), ("$", "$")),
+    ]
+    return tuple(before + form + behind for form, (before, behind) in forms)
+
+
 def as_subscripts(formula: str) -> tuple[str, ...]:
     """A lower-case formula in the markups that its frequency and their harm deserve."""
     if formula.isalpha():
         return ()
     characters, marked = formula.translate(_CHARACTERS), _marked(formula)
     if formula in _FREQUENT:
-        arounds = (*_MARKS, *_ALL_MARKS[-2:])
-        unicode = [before + characters + behind for before, behind in arounds]
-        forms = [
-            before + form + behind
-            for markup, surroundings in _FREQUENTLY
-            for form in (_in_markup(marked, markup),)
-            for before, behind in surroundings
-        ]
-        return (*unicode, *forms, f"${_upright(marked)}$")
+        return _in_every_markup(characters, marked)
     latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
     braces, low = _in_markup(marked, _BRACES), _in_markup(marked, _LOW)
     forms = (characters, latex, latex + ",", latex + ".", html, braces, low)
