@@ -110,7 +110,9 @@ def as_subscripts(formula: str) -> tuple[str, ...]:
     if formula in _FREQUENT:
         return _in_every_markup(characters, marked)
     latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
-    braces, low = _in_markup(marked, _BRACES), _in_markup(marked, _LOW)
+    braces = _in_markup(marked, _BRACES)
+    # Behind a closing brace the last element of Mg_{2}Si would be read.
+    low = _in_markup(marked, _LOW_BRACES if formula[-1].isalpha() else _LOW)
     forms = (characters, latex, latex + ",", latex + ".", html, braces, low)
     if _counts_end_it(formula):
         return forms

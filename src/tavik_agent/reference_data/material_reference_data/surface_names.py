@@ -93,7 +93,7 @@ _SUPPORTS: Final = (
 ).split()
 
 _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
-_UNDER_ATOMS: Final = _REDUCIBLE[:4]
+_UNDER_ATOMS: Final = _REDUCIBLE[:3]
 
 # Dopants that are written before silicon, germanium and their like.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()

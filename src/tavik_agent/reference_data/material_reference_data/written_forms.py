@@ -66,10 +66,11 @@ def as_open_formula(phrase: str) -> tuple[str, ...]:
 
 
 def on_surfaces(phrase: str) -> tuple[str, ...]:
-    """The phrase; a host behind "in" or "on" and a face in its usual style before a comma, too."""
+    """The phrase; a doped host, one behind "in" or "on" and a usual face before a comma, too."""
     _, _, face = phrase.partition("(")
     usual = "/" not in phrase and face and " " not in face
-    return (phrase, phrase + ",") if usual or phrase[:3] in ("in ", "on ") else (phrase,)
+    host = phrase.startswith(("in ", "on ")) or phrase.endswith(("doped si", "doped silicon"))
+    return (phrase, phrase + ",") if usual or host else (phrase,)
 
 
 def in_phrases(phrase: str) -> tuple[str, ...]:
