@@ -33,19 +33,18 @@ _GALLATES: Final = (
 )  # fmt: skip
 
 
-def _share(hundredths: int) -> str:
-    return f"{hundredths / 100:g}"
-
-
 def _doped() -> Iterator[tuple[str, str]]:
+    """ce0.9gd0.1o1.95 and ce0.9gd0.1o2-δ, in plain form and in LaTeX."""
     for start, host, dopants, oxygen in _FLUORITES:
+        site = f"{start}{host}".lower()
         for dopant in dopants.split():
-            formula = f"{start}{host}{dopant}O{oxygen}"
-            lost = 1 if dopant == "Ca" else 0.5
+            formula, guest = f"{start}{host}{dopant}O{oxygen}", dopant.lower()
+            lost = 0.01 if dopant == "Ca" else 0.005
             for share in _SHARES:
-                metals = f"{start}{host}{_share(100 - share)}{dopant}{_share(share)}o".lower()
-                yield metals + f"{oxygen - lost * share / 100:g}", formula
-                yield metals + f"{oxygen}-δ", formula
+                p, q = f"{(100 - share) / 100:g}", f"{share / 100:g}"
+                for end in (f"{oxygen - lost * share:g}", f"{oxygen}-δ"):
+                    yield f"{site}{p}{guest}{q}o{end}", formula
+                    yield f"{site}$_{{{p}}}${guest}$_{{{q}}}$o$_{{{end}}}$", formula
 
 
 def _open() -> Iterator[tuple[str, str]]:
@@ -56,9 +55,9 @@ def _open() -> Iterator[tuple[str, str]]:
 
 
 def _rows() -> Iterator[tuple[str, str]]:
-    plain = [*_doped(), *_open(), *((gallate, "LaSrGaMgO3") for gallate in _GALLATES)]
-    yield from plain
-    for spelling, formula in plain:
+    yield from _doped()
+    for spelling, formula in (*_open(), *((gallate, "LaSrGaMgO3") for gallate in _GALLATES)):
+        yield spelling, formula
         if "x" not in spelling and not spelling.endswith(("−δ", "-d")):
             pieces = counts_apart(spelling, "0123456789.-δ")
             yield "".join(f"$_{{{p}}}$" if p[:1].isdigit() else p for p in pieces), formula

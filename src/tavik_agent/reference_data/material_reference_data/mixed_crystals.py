@@ -104,10 +104,6 @@ _TERMINATED: Final = "Ti3C2 Ti2C Nb2C V2C Mo2C Nb4C3 Ta4C3 Ti3CN Zr3C2 Mo2TiC2 T
 
 # Alloys of two elements that are written with other shares than equal ones.
 _SEMICONDUCTING: Final = ("SiGe", "GeSi", "GeSn", "BiSb", "SiC")
-_SHARES: Final = (
-    "x", "1-x", "1−x", "0.5", "0.75", "_x", "_{x}", "_{1-x}", "$_x$", "$_{1-x}$", "<sub>1-x</sub>",
-)  # fmt: skip
-_OF_TWO: Final = ("2-x", "2−x", "2-δ", "x", "1.8", "1.9", "1.95", "$_{2-x}$", "<sub>2-x</sub>")
 _EQUAL: Final = ("0.5", "0.5")
 _USUAL: Final = (
     _EQUAL, ("0.8", "0.2"), ("0.7", "0.3"), ("0.75", "0.25"), ("0.25", "0.75"),
@@ -117,11 +113,21 @@ _IN_OXIDES: Final = (
     ("0.9", "0.1"), ("0.6", "0.4"), ("0.67", "0.33"), ("2/3", "1/3"),
     ("0.95", "0.05"),
 )  # fmt: skip
-# Those that are also written in brackets before the count of an oxide.
-_BRACKETED: Final = (*_USUAL[:4], ("0.9", "0.1"))
+# First shares that are also written in brackets before the count of an oxide, and in LaTeX.
+_BRACKETED: Final = ("0.5", "0.8", "0.7", "0.75", "0.9")
+_SET_SHARES: Final = ("0.5", "0.8", "0.7")
 # What opens and closes a share or a count. One character stands without braces.
 _PLAIN, _LATEX, _LOW, _HTML = ("", ""), ("$_{", "}$"), ("_{", "}"), ("<sub>", "</sub>")
 _MARKUPS: Final = (_PLAIN, _LATEX, _LOW, _HTML)
+# The share of an element that fills its site in part, with the markup of the counts beside it.
+_SHARES: Final = {
+    **dict.fromkeys(("x", "1-x", "1−x", "0.5", "0.75"), _PLAIN), "_x": _LOW, "_{x}": _LOW,
+    "_{1-x}": _LOW, "$_x$": _LATEX, "$_{1-x}$": _LATEX, "<sub>1-x</sub>": _HTML,
+}  # fmt: skip
+_OF_TWO: Final = {
+    **dict.fromkeys(("2-x", "2−x", "2-δ", "x", "1.8", "1.9", "1.95"), _PLAIN),
+    "$_{2-x}$": _LATEX, "<sub>2-x</sub>": _HTML,
+}  # fmt: skip
 
 
 @cache
@@ -134,6 +140,8 @@ def _set(text: str, markup: tuple[str, str]) -> str:
 
 @cache
 def _in_markup(formula: str, markup: tuple[str, str]) -> str:
+    if markup == _PLAIN or not formula or formula.isalpha():
+        return formula
     return "".join(
         _set(piece, markup) if piece.isdigit() else piece for piece in counts_apart(formula)
     )
@@ -164,13 +172,13 @@ def _variable(system: str) -> Iterator[tuple[str, str]]:
     """The spellings of a system with a comma or x: (a,b)2, a2-xbx, a$_{1-x}$b$_x$."""
     start, a, b, count, end, formula = _pieces(system)
     yield f"{start}({a},{b}){count}{end}", formula
-    x, rest = "x", f"{count or '1'}-x"
-    of_metals = _is_of_metals(start, end, formula)
+    rest = f"{count or '1'}-x"
+    of_metals, oxide = _is_of_metals(start, end, formula), _is_oxide(end)
     for markup in _MARKUPS[:2] if of_metals else _MARKUPS:
         before, behind = _in_markup(start, markup), _in_markup(end, markup)
-        first, second = _set(rest, markup), _set(x, markup)
+        first, second = _set(rest, markup), _set("x", markup)
         yield f"{before}{a}{first}{b}{second}{behind}", formula
-        if markup == _PLAIN or not _is_oxide(end):
+        if markup == _PLAIN or not (oxide or markup == _HTML):
             yield f"{before}{a}{second}{b}{first}{behind}", formula
 
 
@@ -181,28 +189,27 @@ def _on_site(system: str) -> Iterator[tuple[str, str]]:
     oxide = _is_oxide(end)
     shares = (_EQUAL,) if of_metals else _USUAL
     settled = system.partition("=")[2] or formula
+    before, behind = _in_markup(start, _LATEX), _in_markup(end, _LATEX)
     for p, q in (*shares, *(_IN_OXIDES if oxide else ())):
-        stored = settled if (p, q) == _EQUAL else formula
+        stored = settled if p == q else formula
         if not count:
             yield f"{start}{a}{p}{b}{q}{end}", stored
-            if (p, q) in _USUAL[:3] and not of_metals:
-                before, behind = _in_markup(start, _LATEX), _in_markup(end, _LATEX)
+            if p in _SET_SHARES and not of_metals:
                 yield f"{before}{a}$_{{{p}}}${b}$_{{{q}}}${behind}", stored
-        if count or (oxide and (p, q) in _BRACKETED):
+        if count or (oxide and p in _BRACKETED):
             yield f"{start}({a}{p}{b}{q}){count}{end}", stored
 
 
 def _partly() -> Iterator[tuple[str, str]]:
     for formula, symbol in _PARTLY.items():
-        start, end = formula.split(symbol, maxsplit=1)
-        start, element = start.lower(), symbol.lower()
-        for share in _OF_TWO if end[:1] == "2" else _SHARES:
-            markup = next((m for m in _MARKUPS[1:] if m[0][0] == share[0]), _PLAIN)
-            before, behind = (_in_markup(p, markup) for p in (start, end.lower().lstrip("2")))
+        start, end = formula.lower().split(symbol.lower(), maxsplit=1)
+        shares = _OF_TWO if end[:1] == "2" else _SHARES
+        end = end.lstrip("2")
+        for share, markup in shares.items():
+            before, behind = _in_markup(start, markup), _in_markup(end, markup)
             if share == "_{x}":
-                pieces = counts_apart(end.lower())
-                behind = "".join(f"_{{{p}}}" if p.isdigit() else p for p in pieces)
-            yield f"{before}{element}{share}{behind}", formula
+                behind = "".join(f"_{{{p}}}" if p.isdigit() else p for p in counts_apart(end))
+            yield f"{before}{symbol.lower()}{share}{behind}", formula
 
 
 def _open_ended() -> Iterator[tuple[str, str]]:

@@ -41,10 +41,7 @@ _FREQUENTLY: Final = (
 
 
 def _marked(formula: str) -> str:
-    """The formula with each count between the two characters; most have one, at the end."""
-    stem = formula.rstrip(_DIGITS)
-    if stem.isalpha():
-        return f"{stem}{_OPEN}{formula[len(stem) :]}{_CLOSE}"
+    """The formula with each count between the two characters."""
     return formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
 
 
@@ -61,9 +58,13 @@ def counts_apart(formula: str, in_count: str = _DIGITS) -> list[str]:
     return pieces
 
 
-def _counts_end_it(formula: str) -> bool:
-    """Whether the one count stands at the end, so that its pieces hold every element."""
-    return formula.rstrip(_DIGITS).isalpha()
+def _apart(formula: str) -> tuple[str, str]:
+    """The symbols and the count of a formula that has one, at the end; nothing of another.
+
+    The pieces of such a formula hold every element, whatever the markup.
+    """
+    symbols = formula.rstrip(_DIGITS)
+    return (symbols, formula[len(symbols) :]) if symbols.isalpha() else ("", "")
 
 
 def _in_markup(marked: str, markup: tuple[str, str]) -> str:
@@ -80,6 +81,9 @@ def as_plain_subscripts(formula: str) -> tuple[str, ...]:
     """A lower-case formula with its counts as subscripts, in Unicode and in LaTeX."""
     if formula.isalpha():
         return ()
+    symbols, count = _apart(formula)
+    if count:
+        return (symbols + count.translate(_CHARACTERS), f"{symbols}$_{count}$")
     return (formula.translate(_CHARACTERS), _in_markup(_marked(formula), _LATEX))
 
 
@@ -106,18 +110,23 @@ def as_subscripts(formula: str) -> tuple[str, ...]:
     """A lower-case formula in the markups that its frequency and their harm deserve."""
     if formula.isalpha():
         return ()
-    characters, marked = formula.translate(_CHARACTERS), _marked(formula)
     if formula in _FREQUENT:
-        return _in_every_markup(characters, marked)
+        return _in_every_markup(formula.translate(_CHARACTERS), _marked(formula))
+    symbols, count = _apart(formula)
+    if count:
+        latex = f"{symbols}$_{count}$"
+        return (
+            symbols + count.translate(_CHARACTERS), latex, latex + ",", latex + ".",
+            f"{symbols}<sub>{count}</sub>", f"{symbols}$_{{{count}}}$", f"{symbols}_{count}",
+        )  # fmt: skip
+    marked = _marked(formula)
     latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
     braces = _in_markup(marked, _BRACES)
     # Behind a closing brace the last element of Mg_{2}Si would be read.
     low = _in_markup(marked, _LOW_BRACES if formula[-1].isalpha() else _LOW)
-    forms = (characters, latex, latex + ",", latex + ".", html, braces, low)
-    if _counts_end_it(formula):
-        return forms
     return (
-        *forms, latex + ":", f"({latex})", html + ",", html + ".", html + ":", braces + ",",
+        formula.translate(_CHARACTERS), latex, latex + ",", latex + ".", html, braces, low,
+        latex + ":", f"({latex})", html + ",", html + ".", html + ":", braces + ",",
     )  # fmt: skip
 
 
@@ -129,8 +138,8 @@ def as_formula(formula: str) -> tuple[str, ...]:
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula in plain form, and with subscripts; HTML where it would be misread."""
-    if formula.isalpha():
-        return (formula,)
-    characters, marked = formula.translate(_CHARACTERS), _marked(formula)
-    forms = (formula, characters, _in_markup(marked, _LATEX))
-    return forms if _counts_end_it(formula) else (*forms, _in_markup(marked, _HTML))
+    if formula.isalpha() or _apart(formula)[1]:
+        return (formula, *as_plain_subscripts(formula))
+    marked = _marked(formula)
+    latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
+    return (formula, formula.translate(_CHARACTERS), latex, html)
