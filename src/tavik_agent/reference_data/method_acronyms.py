@@ -31,7 +31,7 @@ W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for un
 of the Brillouin zone.
 """
 
-from itertools import chain, product
+from itertools import chain, filterfalse, product
 from typing import Final
 
 from tavik_agent.material_reference_data import (
@@ -65,16 +65,13 @@ _ONE_LETTER: Final = "BCFHIKNOPSUVWY"
 # Two-letter symbols of elements that no compound in a calculation holds.
 _WITHOUT_CHEMISTRY: Final = frozenset({"Bh", "Bk", "Cf", "Cn", "Hs", "Nh", "No", "Np", "Po"})
 _PAIRS: Final = frozenset(s.upper() for s in KNOWN_ELEMENT_SYMBOLS - _WITHOUT_CHEMISTRY)
-_SPELT: Final = _CHEMISTRY.union(
-
-        formula.upper()
-        for formula in chain(
-            SEMICONDUCTOR_FORMULAS, INSULATOR_FORMULAS, DFTU_SENSITIVE_FORMULAS,
-            *(table.values() for table, _ in GROUPS), KNOWN_ELEMENT_SYMBOLS,
-        )
-        if len(formula) < 5
-
-)  # fmt: skip
+_OF_TABLES: Final = KNOWN_ELEMENT_SYMBOLS.union(
+    SEMICONDUCTOR_FORMULAS,
+    INSULATOR_FORMULAS,
+    DFTU_SENSITIVE_FORMULAS,
+    *(table.values() for table, _ in GROUPS),
+)
+_SPELT: Final = _CHEMISTRY.union(f.upper() for f in _OF_TABLES if len(f) < 5)
 
 
 def _longer(runs: list[str]) -> list[str]:
@@ -198,11 +195,5 @@ _WORDS: Final = frozenset(
 # fmt: on
 
 
-def _acronyms() -> frozenset[str]:
-    words = {*_TWO, *_THREE, *_longer(_THREE)}
-    words -= _SPELT
-    words.update(_WORDS, _DATA_SETS, _PIECES)
-    return frozenset(words)
-
-
-METHOD_ACRONYMS: Final[frozenset[str]] = _acronyms()
+_RUNS: Final = filterfalse(_SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE)))
+METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(chain(_RUNS, _WORDS, _DATA_SETS, _PIECES))

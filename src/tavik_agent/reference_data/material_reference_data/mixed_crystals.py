@@ -17,7 +17,7 @@ from collections.abc import Iterator, Mapping
 from functools import cache
 from typing import Final
 
-from .subscripts import counts_apart
+from .subscripts import as_plain_subscripts, counts_apart
 from .written_forms import first_of_each
 
 # Oxides first, open shells before closed shells.
@@ -57,12 +57,12 @@ _SYSTEMS: Final = (
     "[Zn,Mn]Se Cd[Se,Te] Zn[S,Se] Zn[Se,Te] Zn[O,S] Ga[S,Se] In2[Se,S]3 Sb2[S,Se]3 [Eu,Gd]O "
     # Nitrides, phosphides, arsenides, antimonides and alloys of group 14.
     "[Al,Ga]As [Ga,Al]As [In,Ga]As [Ga,In]As [Al,In]As [In,Al]As [Ga,Mn]As [In,Mn]As [Al,Ga]N "
-    "[Ga,Al]N [In,Ga]N [Ga,In]N [Al,In]N [In,Al]N [Al,Sc]N [Sc,Al]N [Al,B]N [Ga,Mn]N [Ti,Al]N "
-    "[Al,Ti]N [Cr,Al]N [Ti,Zr]N Ti[C,N] [In,Ga]P [Ga,In]P [Al,Ga]P [In,Ga]Sb [Ga,In]Sb [Al,Ga]Sb "
-    "[In,Al]Sb Ga[As,N] Ga[As,P] Ga[As,Sb] Ga[As,Bi] In[As,Sb] In[As,P] In[As,Bi] [Si,Ge] "
-    "[Ge,Si] [Ge,Sn] [Si,C] [Bi,Sb] Mg2[Si,Sn] Mg2[Si,Ge] Mg3[Sb,Bi]2 [Ba,K]Fe2As2 Ba[Fe,Co]2As2 "
-    "Ba[Fe,Ni]2As2 BaFe2[As,P]2 LaFeAs[O,F] SmFeAs[O,F] NdFeAs[O,F] [Ti,Zr]NiSn [Zr,Hf]NiSn "
-    "[Hf,Zr]NiSn [Ti,Hf]NiSn Zr[Co,Fe]Sb Co2[Fe,Mn]Si Co2[Mn,Fe]Si Co2Fe[Al,Si] "
+    "[Ga,Al]N [In,Ga]N [Ga,In]N [Al,In]N [In,Al]N [Al,Sc]N [Sc,Al]N [Al,B]N [B,Ga]N [Ga,Mn]N "
+    "[Ti,Al]N [Al,Ti]N [Cr,Al]N [Ti,Zr]N Ti[C,N] [In,Ga]P [Ga,In]P [Al,Ga]P [In,Ga]Sb [Ga,In]Sb "
+    "[Al,Ga]Sb [In,Al]Sb Ga[As,N] Ga[As,P] Ga[As,Sb] Ga[As,Bi] In[As,Sb] In[As,P] In[As,Bi] "
+    "[Si,Ge] [Ge,Si] [Ge,Sn] [Si,C] [Bi,Sb] Mg2[Si,Sn] Mg2[Si,Ge] Mg3[Sb,Bi]2 [Ba,K]Fe2As2 "
+    "Ba[Fe,Co]2As2 Ba[Fe,Ni]2As2 BaFe2[As,P]2 LaFeAs[O,F] SmFeAs[O,F] NdFeAs[O,F] [Ti,Zr]NiSn "
+    "[Zr,Hf]NiSn [Hf,Zr]NiSn [Ti,Hf]NiSn Zr[Co,Fe]Sb Co2[Fe,Mn]Si Co2[Mn,Fe]Si Co2Fe[Al,Si] "
     # Alloys, carbides and borides of metals.
     "[Fe,Co] [Co,Fe] [Fe,Ni] [Ni,Fe] [Fe,Cr] [Fe,Al] [Fe,Si] [Fe,Pt] [Fe,Pd] [Fe,Rh] [Fe,Mn] "
     "[Fe,Ga] [Fe,V] [Co,Pt] [Co,Ni] [Ni,Co] [Ni,Cu] [Cu,Ni] [Ni,Cr] [Ni,Ti] [Ni,Al] [Cu,Au] "
@@ -102,6 +102,15 @@ _REDUCED: Final = (
 ).split()
 _TERMINATED: Final = "Ti3C2 Ti2C Nb2C V2C Mo2C Nb4C3 Ta4C3 Ti3CN Zr3C2 Mo2TiC2 Ti4N3 Cr2C".split()
 
+# Alloys of four metals to which aluminium is added, in the orders in which they are written.
+_HIGH_ENTROPY: Final = ("CoCrFeNi", "CrFeCoNi")
+# Layered cathodes with two thirds of the sodium; manganese makes the charges even.
+_SODIUM_CATHODES: Final = (
+    ("fe0.5mn0.5o2", "NaFeMnO2"), ("fe1/2mn1/2o2", "NaFeMnO2"),
+    ("[fe1/2mn1/2]o2", "NaFeMnO2"), ("ni0.33mn0.67o2", "NaNiMnO2"),
+    ("ni1/3mn2/3o2", "NaNiMnO2"), ("[ni1/3mn2/3]o2", "NaNiMnO2"),
+)  # fmt: skip
+
 # Alloys of two elements that are written with other shares than equal ones.
 _SEMICONDUCTING: Final = ("SiGe", "GeSi", "GeSn", "BiSb", "SiC")
 _EQUAL: Final = ("0.5", "0.5")
@@ -109,6 +118,7 @@ _USUAL: Final = (
     _EQUAL, ("0.8", "0.2"), ("0.7", "0.3"), ("0.75", "0.25"), ("0.25", "0.75"),
     ("0.3", "0.7"), ("0.2", "0.8"),
 )  # fmt: skip
+_OF_THREE: Final = (("0.67", "0.33"), ("0.33", "0.67"), ("2/3", "1/3"), ("1/3", "2/3"))
 _IN_OXIDES: Final = (
     ("0.9", "0.1"), ("0.6", "0.4"), ("0.67", "0.33"), ("2/3", "1/3"),
     ("0.95", "0.05"),
@@ -190,7 +200,8 @@ def _on_site(system: str) -> Iterator[tuple[str, str]]:
     shares = (_EQUAL,) if of_metals else _USUAL
     settled = system.partition("=")[2] or formula
     before, behind = _in_markup(start, _LATEX), _in_markup(end, _LATEX)
-    for p, q in (*shares, *(_IN_OXIDES if oxide else ())):
+    beyond = _IN_OXIDES if oxide else _OF_THREE if start[:2] == "cs" else ()
+    for p, q in (*shares, *beyond):
         stored = settled if p == q else formula
         if not count:
             yield f"{start}{a}{p}{b}{q}{end}", stored
@@ -222,6 +233,14 @@ def _open_ended() -> Iterator[tuple[str, str]]:
     for formula in _TERMINATED:
         for end in ("tx", "t$_x$", "(oh)2"):
             yield formula.lower() + end, formula
+        for characters in as_plain_subscripts(formula.lower())[:1]:
+            yield characters + "tₓ", formula
+    for metals in _HIGH_ENTROPY:
+        for share in ("x", "0.1", "0.3", "0.5"):
+            yield f"al{share}{metals.lower()}", f"Al{metals}"
+    for metals, formula in _SODIUM_CATHODES:
+        for share in ("0.67", "2/3"):
+            yield f"na{share}{metals}", formula
 
 
 # A system of more elements outranks one of fewer, so these stand above the partly filled ones.

@@ -124,6 +124,8 @@ PHASE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "ysz": "ZrO2",
         "igzo": "InGaZnO4",
         "ti-6al-4v": "TiAlV",
+        "zr-2.5nb": "ZrNb",
+        "zr-1nb": "ZrNb",
         "bi-2212": "Bi2Sr2CaCu2O8",
         "bi2212": "Bi2Sr2CaCu2O8",
         "bi-2201": "Bi2Sr2CuO6",

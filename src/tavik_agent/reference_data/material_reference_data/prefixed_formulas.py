@@ -11,6 +11,7 @@ Left out: prefixes in capitals without subscripts, which the formula scan passes
 from collections.abc import Iterator, Mapping
 from typing import Final
 
+from .frequent_formulas import FREQUENT_FORMULAS
 from .subscripts import as_plain_subscripts, in_html
 from .written_forms import first_of_each
 
@@ -30,6 +31,11 @@ _PHASES: Final = {
     "kappa": "Ga2O3 Al2O3",
     "theta": "Al2O3",
 }
+# The faces of phases that are written without a blank; the adsorbate is often written first.
+_FACES: Final = {
+    "α-": "Fe2O3(0001) Al2O3(0001) Cr2O3(0001) SiO2(0001)", "γ-": "Al2O3(110) Al2O3(100)",
+    "β-": "Ga2O3(100)",
+}  # fmt: skip
 _LETTERS: Final = {
     "m": "ZrO2 HfO2 WO3 VO2 BiVO4", "t": "ZrO2 HfO2 BiVO4 BaTiO3", "c": "ZrO2 HfO2 BN Si3N4",
     "o": "HfO2 ZrO2 HfZrO4", "h": "BN WO3 MoO3 BaTiO3 YMnO3 LuFeO3", "r": "TiO2 BN VO2 GeO2",
@@ -50,8 +56,15 @@ def _prefixed() -> Iterator[tuple[str, str]]:
                 yield f"{prefix}-{plain}", formula
                 yield f"{prefix}-{characters}", formula
                 yield f"{prefix}-{in_html(plain)}", formula
+            # Characters hide the formula, so it would be lost before a mark.
+            if formula in FREQUENT_FORMULAS and characters != plain:
+                yield f"{greek}-{characters},", formula
+                yield f"{greek}-{characters}:", formula
             for prefix in (word, greek, f"$\\{word}$"):
                 yield f"{prefix}-{latex}", formula
+    for prefix, faces in _FACES.items():
+        for face in faces.split():
+            yield prefix + face.lower(), face.partition("(")[0]
     for letter, formulas in _LETTERS.items():
         for formula in formulas.split():
             plain = formula.lower()

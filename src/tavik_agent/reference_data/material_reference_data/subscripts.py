@@ -31,11 +31,11 @@ _SENTENCE: Final = (*_COMMA, ("", "."), ("", ":"))
 _MARKS: Final = (*_SENTENCE, ("(", ")"))
 _ALL_MARKS: Final = (*_MARKS, ("", ";"), ("", ")"), ("(", ")."))
 _WHOLE: Final = (
-    ("$", "$"), ("$\\mathrm{", "}$"), ("${\\rm ", "}$"), ("$\\rm ", "$"),
+    ("$", "$"), ("$\\mathrm{", "}$"), ("${\\rm ", "}$"),
     ("\\(\\mathrm{", "}\\)"),
 )  # fmt: skip
 _FREQUENTLY: Final = (
-    (_LATEX, _ALL_MARKS), (_HTML, _ALL_MARKS), (_BRACES, _MARKS),
+    (_LATEX, _ALL_MARKS), (_HTML, _ALL_MARKS[:-1]), (_BRACES, _MARKS),
     (_LOW, (*_COMMA, ("", ":"), *_WHOLE)), (_LOW_BRACES, (*_COMMA, *_WHOLE[:2])),
 )  # fmt: skip
 

@@ -77,7 +77,7 @@ _REACTIVE_METALS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe Co".split()
 _SEMICONDUCTOR_FACES: Final = {"Si": "001 100 110 111", "Ge": "001 100 110 111"}
 _COMPOUND_FACES: Final = {
     "TiO2": "110 101 001 100", "SrTiO3": "001 100 110 111", "BaTiO3": "001 100",
-    "CeO2": "111 110 100", "ZnO": "0001 10-10", "NiO": "001 100 111", "CoO": "001 100",
+    "CeO2": "111 110 100", "ZnO": "0001 10-10 000-1", "NiO": "001 100 111", "CoO": "001 100",
     "FeO": "111", "MnO": "001", "Fe2O3": "0001", "Fe3O4": "001 111", "Co3O4": "110 001",
     "Cr2O3": "0001", "Cu2O": "111", "CuO": "111", "SnO2": "110", "RuO2": "110", "IrO2": "110",
     "MnO2": "110", "WO3": "001", "In2O3": "111", "Ga2O3": "100", "ZrO2": "101 111",
@@ -188,6 +188,9 @@ def _hosts() -> Iterator[tuple[str, str]]:
                 yield f"{dopant}-doped {host}", symbol
         yield f"of {symbol.lower()}", symbol
     yield "silicon wafer", "Si"
+    # "In diamond" alone also stands before "structure".
+    for centre in ("center", "centre", "(nv", "(siv"):
+        yield f"{centre}) in diamond", "C"
 
 
 def _colon_hosts() -> Iterator[tuple[str, str]]:
@@ -235,10 +238,21 @@ def _metal_faces() -> Iterator[tuple[str, str]]:
 # Oxides and crystals behind a slash or a colon.
 ON_OXIDES: Final[Mapping[str, str]] = first_of_each([*_wet_supports(), *_colon_hosts()])
 
+
+def _titled_faces() -> Iterator[tuple[str, str]]:
+    """The usual face of a compound before a colon, as titles have it."""
+    for solid, faces in _COMPOUND_FACES.items():
+        face = faces.split()[0]
+        yield f"{solid.lower()}({face}):", solid
+        if solid in _REDUCIBLE:
+            yield f"{solid.lower()}{{{face}}}:", solid
+
+
 # Faces of compounds, semiconductor hosts, faces of metals, metal hosts.
 SURFACE_NAMES: Final[Mapping[str, str]] = first_of_each(
     [
         *_faces(_COMPOUND_FACES),
+        *_titled_faces(),
         *_hosts(),
         *_faces(_SEMICONDUCTOR_FACES),
         *_metal_faces(),

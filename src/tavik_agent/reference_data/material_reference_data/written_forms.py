@@ -66,11 +66,12 @@ def as_open_formula(phrase: str) -> tuple[str, ...]:
 
 
 def on_surfaces(phrase: str) -> tuple[str, ...]:
-    """The phrase; a doped host, one behind "in" or "on" and a usual face before a comma, too."""
+    """The phrase; doped silicon, a host behind "in" or "on", a usual face before a comma, too."""
     _, _, face = phrase.partition("(")
-    usual = "/" not in phrase and face and " " not in face
-    host = phrase.startswith(("in ", "on ")) or phrase.endswith(("doped si", "doped silicon"))
-    return (phrase, phrase + ",") if usual or host else (phrase,)
+    usual = face and "/" not in phrase and " " not in face and phrase[-1] != ":"
+    if phrase.endswith(("doped si", "doped silicon")):
+        return (phrase, phrase + ",", phrase + ":")
+    return (phrase, phrase + ",") if usual or phrase[:3] in ("in ", "on ") else (phrase,)
 
 
 def in_phrases(phrase: str) -> tuple[str, ...]:
