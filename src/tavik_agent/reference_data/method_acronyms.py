@@ -11,7 +11,8 @@ Criterion, for what the rules make:
 - such a run with a number from 17 to 29 behind it is a data set named by its year (OC20);
 - a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
   "Li1-xCoO2"). As a formula it would make the material a metal. So would a symbol with 2 or 3
-  before a variable that is no molecule ("La2-xSrxCuO4").
+  before a variable that is no molecule ("La2-xSrxCuO4"), and two symbols with the count 0 of the
+  second ("BaCe0.9Y0.1O3").
 
 Criterion, for the words of the list: the word occurs in requests for calculations (methods,
 programs, notation, units, structure symbols, sentence words), some spelling of it could pass as a
@@ -30,16 +31,16 @@ W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for un
 of the Brillouin zone.
 """
 
-from itertools import chain
+from itertools import chain, filterfalse, product
 from typing import Final
 
 from tavik_agent.material_reference_data import (
     DFTU_SENSITIVE_FORMULAS,
-    FORMULA_ALIASES,
     INSULATOR_FORMULAS,
     KNOWN_ELEMENT_SYMBOLS,
     SEMICONDUCTOR_FORMULAS,
 )
+from tavik_agent.material_reference_data.compound_names import GROUPS
 from tavik_agent.material_reference_data.element_contexts import FIRST_PIECES
 
 # Runs of one-letter symbols that are molecules, radicals, groups, or compounds without counts.
@@ -64,16 +65,13 @@ _ONE_LETTER: Final = "BCFHIKNOPSUVWY"
 # Two-letter symbols of elements that no compound in a calculation holds.
 _WITHOUT_CHEMISTRY: Final = frozenset({"Bh", "Bk", "Cf", "Cn", "Hs", "Nh", "No", "Np", "Po"})
 _PAIRS: Final = frozenset(s.upper() for s in KNOWN_ELEMENT_SYMBOLS - _WITHOUT_CHEMISTRY)
-_SPELT: Final = _CHEMISTRY.union(
-
-        formula.upper()
-        for formula in chain(
-            SEMICONDUCTOR_FORMULAS, INSULATOR_FORMULAS, DFTU_SENSITIVE_FORMULAS,
-            frozenset(FORMULA_ALIASES.values()), KNOWN_ELEMENT_SYMBOLS,
-        )
-        if len(formula) < 5
-
-)  # fmt: skip
+_OF_TABLES: Final = KNOWN_ELEMENT_SYMBOLS.union(
+    SEMICONDUCTOR_FORMULAS,
+    INSULATOR_FORMULAS,
+    DFTU_SENSITIVE_FORMULAS,
+    *(table.values() for table, _ in GROUPS),
+)
+_SPELT: Final = _CHEMISTRY.union(f.upper() for f in _OF_TABLES if len(f) < 5)
 
 
 def _longer(runs: list[str]) -> list[str]:
@@ -88,10 +86,16 @@ _DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
 
 # Elements whose single atoms are written with a 1 ("Pt1/MgO").
 _SINGLE_ATOMS: Final = frozenset("Pt Pd Au Ag Rh Ir Ru Os Cu Fe Co Ni".split())
+# Elements of mixed crystals, whose first piece may hold two symbols ("BaCe0.9Y0.1O3").
+_IN_MIXED_CRYSTALS: Final = (
+    "LI NA K CS MG CA SR BA Y LA CE PR ND SM GD TI ZR HF V NB TA CR MO W MN RE FE RU CO NI PD PT "
+    "CU AG ZN CD HG AL GA IN TL SI GE SN PB AS SB BI S SE TE N P"
+).split()
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
     *(piece.upper() for piece in FIRST_PIECES),
+    *(f"{one}{two}0" for one, two in product(_IN_MIXED_CRYSTALS, repeat=2)),
 ]
 
 # fmt: off
@@ -191,11 +195,5 @@ _WORDS: Final = frozenset(
 # fmt: on
 
 
-def _acronyms() -> frozenset[str]:
-    words = {*_TWO, *_THREE, *_longer(_THREE)}
-    words -= _SPELT
-    words.update(_WORDS, _DATA_SETS, _PIECES)
-    return frozenset(words)
-
-
-METHOD_ACRONYMS: Final[frozenset[str]] = _acronyms()
+_RUNS: Final = filterfalse(_SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE)))
+METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(chain(_RUNS, _WORDS, _DATA_SETS, _PIECES))

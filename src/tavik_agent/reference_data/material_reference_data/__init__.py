@@ -9,7 +9,7 @@ To add an entry:
   part of it; a counted name or a salt of two metals into the rule of systematic_names.py; a formula
   into written_formulas.py or a class of common_formulas.py; a mixed crystal into mixed_crystals.py.
   The file compound_names.py shows the order of the files and the forms that each is made in;
-  written_forms.py makes the forms.
+  written_forms.py and subscripts.py make the forms.
 - a formula with a measured gap goes into band_gaps.py, in every spelling that people write, and
   into one of its two tables only.
 - a formula that is calculated with +U goes into correlation.py, unless it is a metal.

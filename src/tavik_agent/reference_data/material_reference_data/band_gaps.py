@@ -55,7 +55,8 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         "Ge2Sb2Te5", "GeSb2Te4", "GeSb4Te7", "Si2Te3",
         # V-VI compounds, chalcohalides, layered tellurides of Mn (gapped by magnetic order).
         "As2S3", "As2Se3", "As2Te3", "As4S4", "Sb2S3", "Sb2Se3", "Sb2Te3", "Bi2S3", "Bi2Se3",
-        "Bi2Te3", "Bi2Te2Se", "Bi2Se2Te", "Bi2Te2S", "BiSbTe3", "BiTeI", "BiTeBr", "BiTeCl",
+        "Bi2Te3", "Bi2Te2Se", "Bi2Se2Te", "Bi2Te2S", "Bi2TeSe3", "Bi2SeTe3", "BiSbTe3", "SbBiTe3",
+        "BiTeI", "BiTeBr", "BiTeCl",
         "SbSI", "SbSeI", "SbSBr", "BiSI", "BiSeI", "BiSBr", "MnBi2Te4", "MnSb2Te4", "GeBi2Te4",
         "SnBi2Te4", "PbBi2Te4",
         # III-VI compounds.
@@ -121,7 +122,8 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # insulator.
         "TiO2", "SnO", "SnO2", "Sn3O4", "PbO", "Pb3O4", "In2O3", "Bi2O3", "HgO", "WO3", "MoO3",
         "V2O5", "Nb2O5", "Rh2O3", "PdO", "PtO2", "SrTiO3", "BaTiO3", "PbTiO3", "CaTiO3", "KNbO3",
-        "NaNbO3", "KNaNb2O6", "BiNaTi2O6", "NaBiTi2O6", "KTaO3", "BaSrTi2O6", "BaSnO3", "CdSnO3",
+        "NaNbO3", "KNaNb2O6", "KNaNbO3", "BaSrTiO3", "SrBaTiO3", "NaKNbO3", "BiNaTi2O6",
+        "NaBiTi2O6", "KTaO3", "BaSrTi2O6", "BaSnO3", "CdSnO3",
         "Cd2SnO4", "Zn2SnO4", "CdIn2O4", "InGaZnO4", "Bi4Ti3O12", "Bi2WO6", "Bi2MoO6", "BiVO4",
         "Bi12SiO20", "PbMoO4", "SnNb2O6", "AgNbO3", "AgTaO3", "AgVO3", "Ag3VO4", "Ag3PO4",
         "Ag2MoO4", "Ag2WO4", "NaBiO3", "ZnRh2O4",
@@ -137,6 +139,7 @@ SEMICONDUCTOR_FORMULAS: Final[frozenset[str]] = frozenset(
         "La2S3", "YH3", "Mg2NiH4", "Mg2FeH6",
         # Further chalcogenides, pnictides, halides and oxides of main-group and d10 metals.
         "InVO4", "InNbO4", "InTaO4", "Sn2P2S6", "In4Se3", "GeAs", "SiAs", "SiP", "Cs2Te", "Cs2TeI6",
+        "Cu6PS5Cl", "Cu6PS5Br", "Cu6PS5I", "Cu7PS6", "Ag8GeS6", "Ag8SnS6", "Ag8GeSe6", "Ag9GaSe6",
         "RbSnI3", "Ag8SnSe6", "Ca2Si", "CaZn2Sb2", "LaOBiS2",
         # Organic crystals.
         "C22H14", "C18H12", "C42H28",
@@ -163,6 +166,7 @@ INSULATOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # Simple oxides. BaO (about 4 eV) lies on the limit and is called an insulator throughout.
         "Li2O", "Li2O2", "Na2O", "BeO", "MgO", "CaO", "SrO", "BaO", "B2O3", "Al2O3", "Ga2O3",
         "SiO2", "GeO2", "P2O5", "Sc2O3", "Y2O3", "La2O3", "ZrO2", "HfO2", "HfZrO4", "ZrHfO4",
+        "HfZrO2", "ZrHfO2",
         "ThO2", "Nd2O3", "Sm2O3", "Eu2O3", "Gd2O3", "Dy2O3", "Ho2O3", "Er2O3", "Tm2O3", "Yb2O3",
         "Lu2O3",
         # Formulas that are only ever built from a list of two elements, one of them oxygen, and so
@@ -209,6 +213,9 @@ INSULATOR_FORMULAS: Final[frozenset[str]] = frozenset(
         # Correlated halides with gaps far above the limit; also among the correlated formulas.
         "MnF2", "FeF2", "CoF2", "NiF2", "MnCl2", "NiCl2", "KMnF3", "KCoF3", "KNiF3", "RbMnF3",
         "K2NiF4", "K2MnF4", "BaMnF4", "BaNiF4", "CeF3",
+        # Thiophosphates of lithium and sodium, near the limit; as electrolytes they are called
+        # insulators throughout.
+        "Li3PS4", "Na3PS4", "Li7P3S11", "Li7PS6", "Li6PS5Cl", "Li6PS5Br", "Li6PS5I",
         # Further halides, selenides, oxides and salts.
         "CaHfO3", "SrSe", "CaSe", "BeSe", "LiScO2", "Cs2NaInCl6", "Cs2ZrCl6", "Cs2HfCl6", "MgSO4",
         "ZnSO4", "ThSiO4", "BeCl2", "MgI2", "CaI2", "LiPF6", "BaN2O6",

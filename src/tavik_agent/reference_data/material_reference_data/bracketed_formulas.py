@@ -3,7 +3,9 @@
 Meaning: a lower-case spelling as people type it, and a formula of plain symbols and whole counts.
 Criterion: a bracket or decimal point would cut the formula short, or its lower-case spelling is a
 word or a common abbreviation that needs a context.
-Sources: none needed for spellings; compositions as written, rounded to whole numbers.
+Sources: none needed for spellings. Compositions are exactly those written, in whole numbers (0.33
+and 0.67 are thirds), or the name of the system without shares, as in mixed_crystals.py; none is
+rounded.
 Left out: fractions beyond the compositions in daily use.
 Rows are tried from the top; none of them is a part of another.
 """
@@ -50,6 +52,12 @@ BRACKETED_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
         "camg(co3)2": "CaMgC2O6",
         "al2(so4)3": "Al2S3O12",
         "fe2(so4)3": "Fe2S3O12",
+        "na3zr2(sio4)2(po4)": "Na3Zr2Si2PO12",
+        "li1.3al0.3ti1.7(po4)3": "LiAlTiP3O12",
+        "li1+xalxti2-x(po4)3": "LiAlTiP3O12",
+        "na3ti2(po4)3": "Na3Ti2P3O12",
+        "na3fe2(po4)3": "Na3Fe2P3O12",
+        "li3fe2(po4)3": "Li3Fe2P3O12",
         "ba(no3)2": "BaN2O6",
         "srcu2(bo3)2": "SrCu2B2O6",
         "zncu3(oh)6cl2": "ZnCu3O6H6Cl2",
@@ -69,11 +77,11 @@ BRACKETED_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
         "mg3si2o5(oh)4": "Mg3Si2O9H4",
         "kal2(alsi3o10)(oh)2": "KAl3Si3O12H2",
         "cu(in,ga)se2": "CuInGaSe2",
-        "pb(zr,ti)o3": "Pb2ZrTiO6",
-        "(ba,sr)tio3": "BaSrTi2O6",
-        "(hf,zr)o2": "HfZrO4",
-        "(la,sr)mno3": "La2SrMn3O9",
-        "(k,na)nbo3": "KNaNb2O6",
+        "pb(zr,ti)o3": "PbZrTiO3",
+        "(ba,sr)tio3": "BaSrTiO3",
+        "(hf,zr)o2": "HfZrO2",
+        "(la,sr)mno3": "LaSrMnO3",
+        "(k,na)nbo3": "KNaNbO3",
         "(ga,mn)as": "GaMnAs",
         "(in,ga)as": "InGaAs",
         "(in,ga)n": "InGaN",
@@ -81,20 +89,20 @@ BRACKETED_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
         "(al,ga)n": "AlGaN",
         "(bi,sb)2te3": "BiSbTe3",
         # Mixed crystals with fractions: a decimal point ends a formula token as well. The stored
-        # formula is the nearest one in whole numbers, or the usual name of the alloy.
+        # formula is the same one in whole numbers, or names the system.
         "ba0.5sr0.5tio3": "BaSrTi2O6",
         "pbzr0.5ti0.5o3": "Pb2ZrTiO6",
-        "pbzr0.52ti0.48o3": "Pb2ZrTiO6",
+        "pbzr0.52ti0.48o3": "PbZrTiO3",
         "pb(zr0.5ti0.5)o3": "Pb2ZrTiO6",
-        "pb(zr0.52ti0.48)o3": "Pb2ZrTiO6",
+        "pb(zr0.52ti0.48)o3": "PbZrTiO3",
         "bi0.5na0.5tio3": "BiNaTi2O6",
         "na0.5bi0.5tio3": "NaBiTi2O6",
         "k0.5na0.5nbo3": "KNaNb2O6",
         "hf0.5zr0.5o2": "HfZrO4",
-        "la0.7sr0.3mno3": "La2SrMn3O9",
+        "la0.7sr0.3mno3": "LaSrMnO3",
         "la0.67sr0.33mno3": "La2SrMn3O9",
         "la2/3sr1/3mno3": "La2SrMn3O9",
-        "la0.7ca0.3mno3": "La2CaMn3O9",
+        "la0.7ca0.3mno3": "LaCaMnO3",
         "la0.67ca0.33mno3": "La2CaMn3O9",
         "la0.5sr0.5mno3": "LaSrMn2O6",
         "la0.5ca0.5mno3": "LaCaMn2O6",
@@ -116,18 +124,18 @@ BRACKETED_FORMULAS: Final[Mapping[str, str]] = MappingProxyType(
         "ba(zn1/3ta2/3)o3": "Ba3ZnTa2O9",
         "ba(mg1/3ta2/3)o3": "Ba3MgTa2O9",
         "lini0.8co0.15al0.05o2": "Li20Ni16Co3AlO40",
-        "li1.2mn0.54ni0.13co0.13o2": "Li9Mn4NiCoO15",
+        "li1.2mn0.54ni0.13co0.13o2": "LiMnNiCoO2",
         "li1.2ni0.2mn0.6o2": "Li6NiMn3O10",
         "la0.6sr0.4co0.2fe0.8o3": "La3Sr2CoFe4O15",
         "la0.8sr0.2co0.2fe0.8o3": "La4SrCoFe4O15",
         "ba0.5sr0.5co0.8fe0.2o3": "Ba5Sr5Co8Fe2O30",
         "bazr0.1ce0.7y0.2o3": "Ba10ZrCe7Y2O30",
-        "la$_{0.7}$sr$_{0.3}$mno$_3$": "La2SrMn3O9",
+        "la$_{0.7}$sr$_{0.3}$mno$_3$": "LaSrMnO3",
         "la$_{2/3}$sr$_{1/3}$mno$_3$": "La2SrMn3O9",
-        "la$_{0.7}$ca$_{0.3}$mno$_3$": "La2CaMn3O9",
+        "la$_{0.7}$ca$_{0.3}$mno$_3$": "LaCaMnO3",
         "la$_{0.67}$sr$_{0.33}$mno$_3$": "La2SrMn3O9",
         "hf$_{0.5}$zr$_{0.5}$o$_2$": "HfZrO4",
-        "pbzr$_{0.52}$ti$_{0.48}$o$_3$": "Pb2ZrTiO6",
+        "pbzr$_{0.52}$ti$_{0.48}$o$_3$": "PbZrTiO3",
         "na2/3coo2": "Na2Co3O6",
         "na0.5coo2": "NaCo2O4",
         "in0.53ga0.47as": "InGaAs",

@@ -28,12 +28,12 @@ _CLASSES: Final = (
     ("{}{}O3", "Li Na K Rb Ag Cs", "Nb Ta V W"), ("{}{}O3", "Cd Mg Zn Eu", "Ti Zr Sn Si Ge"),
     ("{}{}S3", "Ca Sr Ba Zr Hf", "Zr Hf Ti Sn"), ("{}{}Se3", "Ca Sr Ba", "Zr Hf Ti Sn"),
     # Halide perovskites and antiperovskites, vacancy-ordered and double perovskites.
-    ("{}{}{}3", "Cs Rb K", "Pb Sn Ge Ca Sr Mg Cd Mn", "F Cl Br I"),
+    ("{}{}{}3", "Cs Rb", "Pb Sn Ge Ca Sr Mg Cd Mn", "F Cl Br I"),
     ("CH3NH3{}{}3", "Pb Sn Ge Ba Sr Ca", "Cl Br I"),
-    ("{}2{}{}6", "Cs Rb", "Sn Te Ti Zr Hf Pt Pd", "Cl Br I"),
+    ("{}2{}{}6", "Cs", "Sn Te Ti Zr Hf Pt Pd", "Cl Br I"),
     ("Cs2Ag{}{}6", "Bi In Sb Tl Y Sc Fe Cr", "Cl Br I"),
     ("Cs2Na{}{}6", "Bi In Sb Y Sc La", "Cl Br"),
-    ("{}3{}2{}9", "Cs Rb K", "Bi Sb", "Cl Br I"), ("{}3O{}", "Li Na", "Cl Br I"),
+    ("{}3{}2{}9", "Cs Rb", "Bi Sb", "Cl Br I"), ("{}3O{}", "Li Na", "Cl Br I"),
     # Double perovskites of oxides.
     ("Sr2Fe{}O6", "Mo Re W Os"), ("{}2MgWO6", "Sr Ba Ca"), ("{}2{}MnO6", "La Y Bi", "Ni Co Fe"),
     ("Sr2CrReO6",), ("Ba2YbNbO6",), ("Ba2YRuO6",), ("Sr2MgOsO6",), ("Ba2BiSbO6",),
@@ -52,8 +52,8 @@ _CLASSES: Final = (
     ("Li{}PO4", "Fe Mn Co Ni"), ("Na{}PO4", "Fe Mn Co Ni"), ("{}PO4", "Fe Mn Co Ni Al Bi Ce"),
     ("{}2SiO4", "Mg Fe Mn Co Ni Ca Zn Be"), ("{}2SiO5", "Y Lu Gd La Sc Yb"),
     # Battery materials.
-    ("Li6PS5{}", "Cl Br I"), ("Li3{}{}6", "Y In Er Sc Ho", "Cl Br"), ("{}3PS4", "Li Na K"),
-    ("{}3SbS4", "Li Na K"), ("Li10{}P2S12", "Ge Sn Si"), ("Li7P3S11",), ("Li4Ti5O12",),
+    ("Li3{}{}6", "Y In Er Sc Ho", "Cl Br"), ("{}3PS4", "Li Na K"),
+    ("{}3SbS4", "Li Na K"), ("Li10{}P2S12", "Ge Sn Si"), ("Li4Ti5O12",),
     ("Li3{}2P3O12", "Ti Fe V Sc"), ("NaZr2P3O12",), ("Na3Zr2Si2PO12",), ("Li7La3{}2O12", "Zr Ta"),
     ("Li5La3{}2O12", "Ta Nb"), ("LiPON",), ("Na2{}2TeO6", "Ni Zn Co Mg"), ("LiNi{}O", "Mn Co"),
     # Pnictides: 122, 111 and 1111 compounds, Zintl phases, tetradymites and skutterudites.

@@ -1,7 +1,7 @@
 """The compound names, assembled in the order in which they are tried.
 
 The rows stand in the files named below, each with its criterion and sources; this file decides
-their order and in which forms each kind is made (see written_forms.py).
+their order and in which forms each kind is made (see written_forms.py and subscripts.py).
 """
 
 from collections.abc import Mapping
@@ -10,6 +10,7 @@ from typing import Final
 from .bracketed_formulas import BRACKETED_FORMULAS, FORMULAS_IN_CONTEXT
 from .chalcogenide_names import CHALCOGENIDE_NAMES
 from .common_formulas import COMMON_FORMULAS
+from .defective_oxides import DEFECTIVE_OXIDES
 from .mineral_names import MINERAL_NAMES
 from .mixed_crystals import MIXED_CRYSTALS, OPEN_FORMULAS
 from .molecule_names import MOLECULE_FORMULAS, MOLECULE_NAMES
@@ -19,20 +20,20 @@ from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
 from .prefixed_formulas import PREFIXED_FORMULAS
 from .prototype_names import PROTOTYPE_NAMES
+from .subscripts import as_formula, as_rare_formula, as_subscripts
 from .surface_names import ON_OXIDES, SUBSTRATE_NAMES, SURFACE_NAMES, UNDER_GRAPHENE
 from .systematic_names import SALTS, SYSTEMATIC_NAMES
 from .written_forms import (
     alone,
-    as_formula,
     as_name,
-    as_rare_formula,
+    as_open_formula,
     as_rare_name,
     as_salt,
-    as_subscripts,
-    before_comma,
     in_forms,
     in_phrases,
     in_sentences,
+    on_oxides,
+    on_surfaces,
 )
 from .written_formulas import SUBSTRATE_FORMULAS, WRITTEN_FORMULAS
 
@@ -50,8 +51,9 @@ GROUPS: Final = (
     (MINERAL_NAMES, as_rare_name),
     # Formulas as people type them.
     (BRACKETED_FORMULAS, in_sentences),
+    (DEFECTIVE_OXIDES, alone),
     (MIXED_CRYSTALS, alone),
-    (OPEN_FORMULAS, alone),
+    (OPEN_FORMULAS, as_open_formula),
     (PREFIXED_FORMULAS, alone),
     (FORMULAS_IN_CONTEXT, in_sentences),
     (WRITTEN_FORMULAS, as_formula),
@@ -63,9 +65,9 @@ GROUPS: Final = (
     # Supports, faces, hosts; then what is adsorbed on them.
     (SUBSTRATE_NAMES, as_name),
     (UNDER_GRAPHENE, alone),
-    (ON_OXIDES, alone),
-    (SURFACE_NAMES, before_comma),
-    (MOLECULE_NAMES, as_name),
+    (ON_OXIDES, on_oxides),
+    (SURFACE_NAMES, on_surfaces),
+    (MOLECULE_NAMES, as_rare_name),
     (MOLECULE_FORMULAS, as_subscripts),
 )
 

@@ -141,15 +141,9 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
         "ysz": "Y",
         "yttria-stabilized": "Y",
         "yttria-stabilised": "Y",
-        "nv center": "N",
-        "nv centre": "N",
-        "nv centers": "N",
-        "nv centres": "N",
-        "nv-": "N",
-        "nv−": "N",
-        "nitrogen-vacancy": "N",
-        "siv center": "Si",
-        "siv centre": "Si",
+        **dict.fromkeys(("nv center", "nv centre", "nv centers", "nv centres"), "N"),
+        **dict.fromkeys(("nv-", "nv−", "nitrogen-vacancy"), "N"),
+        **dict.fromkeys(("siv center", "siv centre"), "Si"),
         # Symbols that are sentence words.
         "k-ion": "K",
         "k+": "K",
@@ -210,6 +204,8 @@ def _contexts() -> Iterable[tuple[str, str]]:
     for oxide in _WET:
         yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
         yield f"water/{oxide}", "H"
+    for phrase in ("in water,", "in water.", "in water?", "under water", "and water"):
+        yield phrase, "H"
     for symbol in ("Re", "Pa", "Am"):
         yield f"{symbol.lower()}-doped", symbol
     for ion in FIRST_PIECES:

@@ -154,6 +154,13 @@ ELEMENT_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     }
 )
 
+# Names of the list above that get few forms: the elements are hardly ever guests in a solid.
+HARDLY_WRITTEN: Final = frozenset(
+    "francium radium actinium protactinium neptunium americium curium polonium astatine radon "
+    "promethium technetium helium neon argon krypton xenon thulium holmium dysprosium terbium "
+    "lutetium praseodymium ytterbium osmium thallium rubidium caesium wolfram plutonium".split()
+)
+
 # Meaning: as above, for the elements that are hardly ever calculated.
 HEAVIEST_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {

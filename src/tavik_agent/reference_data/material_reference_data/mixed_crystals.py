@@ -4,9 +4,10 @@ Meaning: a lower-case spelling ("la0.8sr0.2mno3", "li1-xcoo2", "moox") and a for
 symbols and whole counts. The formula scan ends at a decimal point or a bracket and cannot pass a
 small letter, so without a row it would read the first piece as the material ("Ba" of Ba(Zr,Y)O3).
 Criterion: systems in common use. Each is a pattern in which [A,B] is a site that two elements
-share; the rule makes the spellings with the usual fractions, with x, and with round brackets. The
-stored formula names the elements of the site side by side, without their share, as AlGaAs and
-HgCdTe are written (LaSrMnO3, BaZrYO3), or is given behind = where the gap tables have another.
+share; the rule makes the spellings with the usual fractions, with x, and with round brackets.
+The stored formula names the system: the elements of the site side by side, without their share, as
+AlGaAs and HgCdTe are written (LaSrMnO3, BaZrYO3). Equal shares that have a name of their own have
+the exact formula, given behind =. No share is rounded to a count.
 Sources: none needed for spellings.
 Left out: sites of three elements and fractions beyond the usual ones; of those that are in daily
 use bracketed_formulas.py has the composition. A row there outranks the row here.
@@ -16,6 +17,7 @@ from collections.abc import Iterator, Mapping
 from functools import cache
 from typing import Final
 
+from .subscripts import as_plain_subscripts, counts_apart
 from .written_forms import first_of_each
 
 # Oxides first, open shells before closed shells.
@@ -49,18 +51,18 @@ _SYSTEMS: Final = (
     "Cu[In,Ga]Se2 Cu[In,Ga]S2 [Mo,W]S2 [W,Mo]S2 [Mo,W]Se2 [W,Mo]Se2 [Mo,W]Te2 Mo[S,Se]2 "
     "Mo[Se,S]2 W[S,Se]2 W[Se,S]2 Mo[Se,Te]2 Mo[Te,Se]2 W[Te,Se]2 Nb[Se,S]2 Ta[S,Se]2 Ti[Se,S]2 "
     "Hf[S,Se]2 Sn[S,Se]2 Pt[Se,Te]2 Fe[Se,Te] Fe[Te,Se] [Bi,Sb]2Te3 [Sb,Bi]2Te3 "
-    "Bi2[Te,Se]3=Bi2Te2Se Bi2[Se,Te]3=Bi2Se2Te Mn[Bi,Sb]2Te4 [Pb,Sn]Te [Sn,Pb]Te [Pb,Sn]Se "
+    "Bi2[Te,Se]3 Bi2[Se,Te]3 Mn[Bi,Sb]2Te4 [Pb,Sn]Te [Sn,Pb]Te [Pb,Sn]Se "
     "Pb[S,Se] Pb[Se,Te] Pb[Te,Se] Sn[Se,Te] Sn[S,Se] [Ge,Sn]Te [Ge,Mn]Te [Sn,Mn]Te [Hg,Cd]Te "
     "[Cd,Hg]Te [Cd,Zn]Te [Zn,Cd]Te [Cd,Zn]Se [Zn,Cd]Se [Cd,Zn]S [Zn,Cd]S [Cd,Mn]Te [Zn,Mn]Te "
     "[Zn,Mn]Se Cd[Se,Te] Zn[S,Se] Zn[Se,Te] Zn[O,S] Ga[S,Se] In2[Se,S]3 Sb2[S,Se]3 [Eu,Gd]O "
     # Nitrides, phosphides, arsenides, antimonides and alloys of group 14.
     "[Al,Ga]As [Ga,Al]As [In,Ga]As [Ga,In]As [Al,In]As [In,Al]As [Ga,Mn]As [In,Mn]As [Al,Ga]N "
-    "[Ga,Al]N [In,Ga]N [Ga,In]N [Al,In]N [In,Al]N [Al,Sc]N [Sc,Al]N [Al,B]N [Ga,Mn]N [Ti,Al]N "
-    "[Al,Ti]N [Cr,Al]N [Ti,Zr]N Ti[C,N] [In,Ga]P [Ga,In]P [Al,Ga]P [In,Ga]Sb [Ga,In]Sb [Al,Ga]Sb "
-    "[In,Al]Sb Ga[As,N] Ga[As,P] Ga[As,Sb] Ga[As,Bi] In[As,Sb] In[As,P] In[As,Bi] [Si,Ge] "
-    "[Ge,Si] [Ge,Sn] [Si,C] [Bi,Sb] Mg2[Si,Sn] Mg2[Si,Ge] Mg3[Sb,Bi]2 [Ba,K]Fe2As2 Ba[Fe,Co]2As2 "
-    "Ba[Fe,Ni]2As2 BaFe2[As,P]2 LaFeAs[O,F] SmFeAs[O,F] NdFeAs[O,F] [Ti,Zr]NiSn [Zr,Hf]NiSn "
-    "[Hf,Zr]NiSn [Ti,Hf]NiSn Zr[Co,Fe]Sb Co2[Fe,Mn]Si Co2[Mn,Fe]Si Co2Fe[Al,Si] "
+    "[Ga,Al]N [In,Ga]N [Ga,In]N [Al,In]N [In,Al]N [Al,Sc]N [Sc,Al]N [Al,B]N [B,Ga]N [Ga,Mn]N "
+    "[Ti,Al]N [Al,Ti]N [Cr,Al]N [Ti,Zr]N Ti[C,N] [In,Ga]P [Ga,In]P [Al,Ga]P [In,Ga]Sb [Ga,In]Sb "
+    "[Al,Ga]Sb [In,Al]Sb Ga[As,N] Ga[As,P] Ga[As,Sb] Ga[As,Bi] In[As,Sb] In[As,P] In[As,Bi] "
+    "[Si,Ge] [Ge,Si] [Ge,Sn] [Si,C] [Bi,Sb] Mg2[Si,Sn] Mg2[Si,Ge] Mg3[Sb,Bi]2 [Ba,K]Fe2As2 "
+    "Ba[Fe,Co]2As2 Ba[Fe,Ni]2As2 BaFe2[As,P]2 LaFeAs[O,F] SmFeAs[O,F] NdFeAs[O,F] [Ti,Zr]NiSn "
+    "[Zr,Hf]NiSn [Hf,Zr]NiSn [Ti,Hf]NiSn Zr[Co,Fe]Sb Co2[Fe,Mn]Si Co2[Mn,Fe]Si Co2Fe[Al,Si] "
     # Alloys, carbides and borides of metals.
     "[Fe,Co] [Co,Fe] [Fe,Ni] [Ni,Fe] [Fe,Cr] [Fe,Al] [Fe,Si] [Fe,Pt] [Fe,Pd] [Fe,Rh] [Fe,Mn] "
     "[Fe,Ga] [Fe,V] [Co,Pt] [Co,Ni] [Ni,Co] [Ni,Cu] [Cu,Ni] [Ni,Cr] [Ni,Ti] [Ni,Al] [Cu,Au] "
@@ -100,81 +102,154 @@ _REDUCED: Final = (
 ).split()
 _TERMINATED: Final = "Ti3C2 Ti2C Nb2C V2C Mo2C Nb4C3 Ta4C3 Ti3CN Zr3C2 Mo2TiC2 Ti4N3 Cr2C".split()
 
-# Alloys of two elements that are written with tenths, too.
-_SEMICONDUCTING: Final = ("SiGe", "GeSi", "GeSn", "BiSb", "SiC")
-_SHARES: Final = ("x", "1-x", "1−x", "1+x", "1+y", "$_x$", "0.5", "0.75")
-_HALVES: Final = (("0.5", "0.5"), ("0.75", "0.25"), ("0.25", "0.75"))
-_TENTHS: Final = tuple((f"0.{n}", f"0.{10 - n}") for n in (9, 8, 7, 3, 2, 1))
-_OTHERS: Final = (
-    ("0.6", "0.4"), ("0.4", "0.6"), ("0.67", "0.33"), ("0.33", "0.67"), ("2/3", "1/3"),
-    ("0.95", "0.05"), ("0.85", "0.15"),
+# Alloys of four metals to which aluminium is added, in the orders in which they are written.
+_HIGH_ENTROPY: Final = ("CoCrFeNi", "CrFeCoNi")
+# Layered cathodes with two thirds of the sodium; manganese makes the charges even.
+_SODIUM_CATHODES: Final = (
+    ("fe0.5mn0.5o2", "NaFeMnO2"), ("fe1/2mn1/2o2", "NaFeMnO2"),
+    ("[fe1/2mn1/2]o2", "NaFeMnO2"), ("ni0.33mn0.67o2", "NaNiMnO2"),
+    ("ni1/3mn2/3o2", "NaNiMnO2"), ("[ni1/3mn2/3]o2", "NaNiMnO2"),
 )  # fmt: skip
-_VARIABLES: Final = (("1-x", "x"), ("x", "1-x"), ("$_{1-x}$", "$_x$"))
+
+# Alloys of two elements that are written with other shares than equal ones.
+_SEMICONDUCTING: Final = ("SiGe", "GeSi", "GeSn", "BiSb", "SiC")
+_EQUAL: Final = ("0.5", "0.5")
+_USUAL: Final = (
+    _EQUAL, ("0.8", "0.2"), ("0.7", "0.3"), ("0.75", "0.25"), ("0.25", "0.75"),
+    ("0.3", "0.7"), ("0.2", "0.8"),
+)  # fmt: skip
+_OF_THREE: Final = (("0.67", "0.33"), ("0.33", "0.67"), ("2/3", "1/3"), ("1/3", "2/3"))
+_IN_OXIDES: Final = (
+    ("0.9", "0.1"), ("0.6", "0.4"), ("0.67", "0.33"), ("2/3", "1/3"),
+    ("0.95", "0.05"),
+)  # fmt: skip
+# First shares that are also written in brackets before the count of an oxide, and in LaTeX.
+_BRACKETED: Final = ("0.5", "0.8", "0.7", "0.75", "0.9")
+_SET_SHARES: Final = ("0.5", "0.8", "0.7")
+# What opens and closes a share or a count. One character stands without braces.
+_PLAIN, _LATEX, _LOW, _HTML = ("", ""), ("$_{", "}$"), ("_{", "}"), ("<sub>", "</sub>")
+_MARKUPS: Final = (_PLAIN, _LATEX, _LOW, _HTML)
+# The share of an element that fills its site in part, with the markup of the counts beside it.
+_SHARES: Final = {
+    **dict.fromkeys(("x", "1-x", "1−x", "0.5", "0.75"), _PLAIN), "_x": _LOW, "_{x}": _LOW,
+    "_{1-x}": _LOW, "$_x$": _LATEX, "$_{1-x}$": _LATEX, "<sub>1-x</sub>": _HTML,
+}  # fmt: skip
+_OF_TWO: Final = {
+    **dict.fromkeys(("2-x", "2−x", "2-δ", "x", "1.8", "1.9", "1.95"), _PLAIN),
+    "$_{2-x}$": _LATEX, "<sub>2-x</sub>": _HTML,
+}  # fmt: skip
 
 
 @cache
-def _pieces(pattern: str) -> tuple[str, str, str, str, str, str]:
+def _set(text: str, markup: tuple[str, str]) -> str:
+    opened, closed = markup
+    if len(text) == 1 and opened.endswith("{"):
+        return opened[:-1] + text + closed[1:]
+    return opened + text + closed
+
+
+@cache
+def _in_markup(formula: str, markup: tuple[str, str]) -> str:
+    if markup == _PLAIN or not formula or formula.isalpha():
+        return formula
+    return "".join(
+        _set(piece, markup) if piece.isdigit() else piece for piece in counts_apart(formula)
+    )
+
+
+@cache
+def _pieces(system: str) -> tuple[str, str, str, str, str, str]:
     """Before the site, its two elements, the count behind, the rest; and the stored formula."""
-    pattern, _, settled = pattern.partition("=")
-    before, _, rest = pattern.partition("[")
+    system, _, _ = system.partition("=")
+    before, _, rest = system.partition("[")
     site, _, behind = rest.partition("]")
     one, two = site.split(",")
     end = behind.lstrip("23")
-    formula = settled or f"{before}{one}{two}{end}"
     count = behind.removesuffix(end)
-    return before.lower(), one.lower(), two.lower(), count, end.lower(), formula
+    stored = f"{before}{one}{two}{end}"
+    return before.lower(), one.lower(), two.lower(), count, end.lower(), stored
 
 
-def _variable(pattern: str) -> Iterator[tuple[str, str]]:
+def _is_oxide(end: str) -> bool:
+    return end.endswith(("o2", "o3", "o4"))
+
+
+def _is_of_metals(start: str, end: str, formula: str) -> bool:
+    return not start and not end and formula not in _SEMICONDUCTING
+
+
+def _variable(system: str) -> Iterator[tuple[str, str]]:
     """The spellings of a system with a comma or x: (a,b)2, a2-xbx, a$_{1-x}$b$_x$."""
-    start, a, b, count, end, formula = _pieces(pattern)
+    start, a, b, count, end, formula = _pieces(system)
     yield f"{start}({a},{b}){count}{end}", formula
-    for p, q in _VARIABLES:
-        if count:
-            p, q = p.replace("1", count), q.replace("1", count)
-        yield f"{start}{a}{p}{b}{q}{end}", formula
+    rest = f"{count or '1'}-x"
+    of_metals, oxide = _is_of_metals(start, end, formula), _is_oxide(end)
+    for markup in _MARKUPS[:2] if of_metals else _MARKUPS:
+        before, behind = _in_markup(start, markup), _in_markup(end, markup)
+        first, second = _set(rest, markup), _set("x", markup)
+        yield f"{before}{a}{first}{b}{second}{behind}", formula
+        if markup == _PLAIN or not (oxide or markup == _HTML):
+            yield f"{before}{a}{second}{b}{first}{behind}", formula
 
 
-def _on_site(pattern: str) -> Iterator[tuple[str, str]]:
-    """The spellings of a system with fractions: a0.5b0.5, (a0.5b0.5)2."""
-    start, a, b, count, end, formula = _pieces(pattern)
-    oxide = end.endswith(("o3", "o2"))
-    of_metals = not start and not end and formula not in _SEMICONDUCTING
-    for p, q in (*_HALVES, *(() if of_metals else _TENTHS), *(_OTHERS if oxide else ())):
+def _on_site(system: str) -> Iterator[tuple[str, str]]:
+    """The spellings of a system with fractions: a0.5b0.5, (a0.5b0.5)2, a$_{0.5}$b$_{0.5}$."""
+    start, a, b, count, end, formula = _pieces(system)
+    of_metals = _is_of_metals(start, end, formula)
+    oxide = _is_oxide(end)
+    shares = (_EQUAL,) if of_metals else _USUAL
+    settled = system.partition("=")[2] or formula
+    before, behind = _in_markup(start, _LATEX), _in_markup(end, _LATEX)
+    beyond = _IN_OXIDES if oxide else _OF_THREE if start[:2] == "cs" else ()
+    for p, q in (*shares, *beyond):
+        stored = settled if p == q else formula
         if not count:
-            yield f"{start}{a}{p}{b}{q}{end}", formula
-        if oxide or count:
-            yield f"{start}({a}{p}{b}{q}){count}{end}", formula
+            yield f"{start}{a}{p}{b}{q}{end}", stored
+            if p in _SET_SHARES and not of_metals:
+                yield f"{before}{a}$_{{{p}}}${b}$_{{{q}}}${behind}", stored
+        if count or (oxide and p in _BRACKETED):
+            yield f"{start}({a}{p}{b}{q}){count}{end}", stored
 
 
 def _partly() -> Iterator[tuple[str, str]]:
     for formula, symbol in _PARTLY.items():
-        start, end = formula.split(symbol, maxsplit=1)
-        start, element = start.lower(), symbol.lower()
-        shares = ("2-x", "2−x", "2-δ", "x", "1.8", "1.9", "1.95") if end[:1] == "2" else _SHARES
-        for share in shares:
-            yield f"{start}{element}{share}{end.lstrip('2').lower()}", formula
+        start, end = formula.lower().split(symbol.lower(), maxsplit=1)
+        shares = _OF_TWO if end[:1] == "2" else _SHARES
+        end = end.lstrip("2")
+        for share, markup in shares.items():
+            before, behind = _in_markup(start, markup), _in_markup(end, markup)
+            if share == "_{x}":
+                behind = "".join(f"_{{{p}}}" if p.isdigit() else p for p in counts_apart(end))
+            yield f"{before}{symbol.lower()}{share}{behind}", formula
 
 
 def _open_ended() -> Iterator[tuple[str, str]]:
     for formula in _OPEN_END:
-        for end in ("x", "ₓ", "$_x$", "y"):
+        for end in ("x", "ₓ", "$_x$"):
             yield formula.lower() + end, formula
     for formula in _REDUCED:
-        for end in ("-x", "−x", "-δ", "−δ", "-d"):
+        for end in ("-x", "−x", "-δ", "−δ"):
             yield formula.lower() + end, formula
     for formula in _TERMINATED:
         for end in ("tx", "t$_x$", "(oh)2"):
             yield formula.lower() + end, formula
+        for characters in as_plain_subscripts(formula.lower())[:1]:
+            yield characters + "tₓ", formula
+    for metals in _HIGH_ENTROPY:
+        for share in ("x", "0.1", "0.3", "0.5"):
+            yield f"al{share}{metals.lower()}", f"Al{metals}"
+    for metals, formula in _SODIUM_CATHODES:
+        for share in ("0.67", "2/3"):
+            yield f"na{share}{metals}", formula
 
 
 # A system of more elements outranks one of fewer, so these stand above the partly filled ones.
 MIXED_CRYSTALS: Final[Mapping[str, str]] = first_of_each(
-    row for pattern in _SYSTEMS for row in _on_site(pattern)
+    row for system in _SYSTEMS for row in _on_site(system)
 )
 OPEN_FORMULAS: Final[Mapping[str, str]] = first_of_each(
     [
-        *(row for pattern in _SYSTEMS for row in _variable(pattern)),
+        *(row for system in _SYSTEMS for row in _variable(system)),
         *_partly(),
         *_open_ended(),
     ]

@@ -15,7 +15,7 @@ from typing import Final
 _BEHIND_WATER: Final = (
     "dimer dimers trimer trimers tetramer hexamer hexamers cluster clusters layer layers monolayer "
     "bilayer film adlayer adsorption adsorbed uptake dissociation interface "
-    "interfaces diffusion on at confined"
+    "interfaces diffusion on at confined structure structures orientation"
 ).split()
 _BEFORE_WATER: Final = "adsorbed explicit bulk ambient supercritical interfacial".split()
 

@@ -11,7 +11,9 @@ Left out: prefixes in capitals without subscripts, which the formula scan passes
 from collections.abc import Iterator, Mapping
 from typing import Final
 
-from .written_forms import as_plain_subscripts, first_of_each
+from .frequent_formulas import FREQUENT_FORMULAS
+from .subscripts import as_plain_subscripts, in_html
+from .written_forms import first_of_each
 
 _GREEK: Final = {
     "alpha": "α", "beta": "β", "gamma": "γ", "delta": "δ", "epsilon": "ε", "kappa": "κ",
@@ -29,6 +31,11 @@ _PHASES: Final = {
     "kappa": "Ga2O3 Al2O3",
     "theta": "Al2O3",
 }
+# The faces of phases that are written without a blank; the adsorbate is often written first.
+_FACES: Final = {
+    "α-": "Fe2O3(0001) Al2O3(0001) Cr2O3(0001) SiO2(0001)", "γ-": "Al2O3(110) Al2O3(100)",
+    "β-": "Ga2O3(100)",
+}  # fmt: skip
 _LETTERS: Final = {
     "m": "ZrO2 HfO2 WO3 VO2 BiVO4", "t": "ZrO2 HfO2 BiVO4 BaTiO3", "c": "ZrO2 HfO2 BN Si3N4",
     "o": "HfO2 ZrO2 HfZrO4", "h": "BN WO3 MoO3 BaTiO3 YMnO3 LuFeO3", "r": "TiO2 BN VO2 GeO2",
@@ -41,18 +48,28 @@ _LETTERS: Final = {
 
 def _prefixed() -> Iterator[tuple[str, str]]:
     for word, formulas in _PHASES.items():
-        prefixes = (word, _GREEK[word], f"$\\{word}$")
+        greek = _GREEK[word]
         for formula in formulas.split():
-            yield from _spellings(prefixes, formula)
+            plain = formula.lower()
+            characters, latex = as_plain_subscripts(plain) or (plain, plain)
+            for prefix in (word, greek):
+                yield f"{prefix}-{plain}", formula
+                yield f"{prefix}-{characters}", formula
+                yield f"{prefix}-{in_html(plain)}", formula
+            # Characters hide the formula, so it would be lost before a mark.
+            if formula in FREQUENT_FORMULAS and characters != plain:
+                yield f"{greek}-{characters},", formula
+                yield f"{greek}-{characters}:", formula
+            for prefix in (word, greek, f"$\\{word}$"):
+                yield f"{prefix}-{latex}", formula
+    for prefix, faces in _FACES.items():
+        for face in faces.split():
+            yield prefix + face.lower(), face.partition("(")[0]
     for letter, formulas in _LETTERS.items():
         for formula in formulas.split():
-            yield from _spellings((letter,), formula)
-
-
-def _spellings(prefixes: tuple[str, ...], formula: str) -> Iterator[tuple[str, str]]:
-    plain = formula.lower()
-    for written in (plain, *as_plain_subscripts(plain)):
-        yield from ((f"{prefix}-{written}", formula) for prefix in prefixes)
+            plain = formula.lower()
+            for written in (plain, *as_plain_subscripts(plain), in_html(plain)):
+                yield f"{letter}-{written}", formula
 
 
 PREFIXED_FORMULAS: Final[Mapping[str, str]] = first_of_each(_prefixed())

@@ -6,12 +6,19 @@ NaCl structure", "CoS2 has the structure of pyrite"), so these rows stand below 
 is written out. Of a mineral only phrases that can mean the mineral are rows.
 Sources: P. P. Ewald and C. Hermann, Strukturbericht 1913-1928 (1931), for the types.
 Left out: names that mean the structure more often than a compound (rutile, fluorite, wurtzite, zinc
-blende, perovskite, spinel).
+blende, perovskite, spinel, garnet, NASICON, argyrodite).
 """
 
 from collections.abc import Mapping
 from types import MappingProxyType
 from typing import Final
+
+# Minerals whose names are types of structure as often, in phrases that name the mineral.
+_TYPES: Final = {
+    "halite": "NaCl", "brucite": "MgO2H2", "cotunnite": "PbCl2", "pseudobrookite": "Fe2TiO5",
+    "sulvanite": "Cu3VS4", "xenotime": "YPO4",
+}  # fmt: skip
+_AROUND_MINERALS: Final = ("bulk {}", "{} surface", "{} mineral")
 
 PROTOTYPE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {
@@ -36,6 +43,11 @@ PROTOTYPE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         # Two that mean the mineral far more often than the structure, by themselves.
         "cinnabar": "HgS",
         "baddeleyite": "ZrO2",
+        **{
+            around.format(name): formula
+            for name, formula in _TYPES.items()
+            for around in _AROUND_MINERALS
+        },
         # Diamond, in phrases that speak of its properties.
         "phonons of diamond": "C",
         "band structure of diamond": "C",

@@ -16,7 +16,8 @@ from collections.abc import Iterator, Mapping
 from types import MappingProxyType
 from typing import Final
 
-from .written_forms import as_plain_subscripts, first_of_each
+from .subscripts import as_plain_subscripts
+from .written_forms import first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
 # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
@@ -28,7 +29,6 @@ SUBSTRATE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "α-quartz": "SiO2",
         "sapphire": "Al2O3",
         "fluorspar": "CaF2",
-        "halite": "NaCl",
         "silicon dioxide": "SiO2",
         "silicon oxide": "SiO2",
         "silica": "SiO2",
@@ -77,7 +77,7 @@ _REACTIVE_METALS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe Co".split()
 _SEMICONDUCTOR_FACES: Final = {"Si": "001 100 110 111", "Ge": "001 100 110 111"}
 _COMPOUND_FACES: Final = {
     "TiO2": "110 101 001 100", "SrTiO3": "001 100 110 111", "BaTiO3": "001 100",
-    "CeO2": "111 110 100", "ZnO": "0001 10-10", "NiO": "001 100 111", "CoO": "001 100",
+    "CeO2": "111 110 100", "ZnO": "0001 10-10 000-1", "NiO": "001 100 111", "CoO": "001 100",
     "FeO": "111", "MnO": "001", "Fe2O3": "0001", "Fe3O4": "001 111", "Co3O4": "110 001",
     "Cr2O3": "0001", "Cu2O": "111", "CuO": "111", "SnO2": "110", "RuO2": "110", "IrO2": "110",
     "MnO2": "110", "WO3": "001", "In2O3": "111", "Ga2O3": "100", "ZrO2": "101 111",
@@ -93,6 +93,7 @@ _SUPPORTS: Final = (
 ).split()
 
 _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
+_UNDER_ATOMS: Final = _REDUCIBLE[:3]
 
 # Dopants that are written before silicon, germanium and their like.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
@@ -167,13 +168,15 @@ def _adsorbed(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
 
 
 def _wet_supports() -> Iterator[tuple[str, str]]:
-    """A molecule over an oxide, co/tio2, and over its usual face, co/tio2(110)."""
+    """Molecules, metals and single atoms over an oxide or its usual face: co/tio2(110)."""
+    metals = [*map(str.lower, _REACTIVE_METALS)]
+    atoms = [metal + "1" for metal in metals]
     for solid in _SUPPORTS:
         name = solid.lower()
-        for adsorbate in (*_ADSORBATES, *map(str.lower, _REACTIVE_METALS)):
-            yield f"{adsorbate}/{name}", solid
+        for guest in (*_ADSORBATES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
+            yield f"{guest}/{name}", solid
             if solid in _REDUCIBLE:
-                yield f"{adsorbate}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
+                yield f"{guest}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
 
 
 def _hosts() -> Iterator[tuple[str, str]]:
@@ -185,6 +188,9 @@ def _hosts() -> Iterator[tuple[str, str]]:
                 yield f"{dopant}-doped {host}", symbol
         yield f"of {symbol.lower()}", symbol
     yield "silicon wafer", "Si"
+    # "In diamond" alone also stands before "structure".
+    for centre in ("center", "centre", "(nv", "(siv"):
+        yield f"{centre}) in diamond", "C"
 
 
 def _colon_hosts() -> Iterator[tuple[str, str]]:
@@ -232,10 +238,21 @@ def _metal_faces() -> Iterator[tuple[str, str]]:
 # Oxides and crystals behind a slash or a colon.
 ON_OXIDES: Final[Mapping[str, str]] = first_of_each([*_wet_supports(), *_colon_hosts()])
 
+
+def _titled_faces() -> Iterator[tuple[str, str]]:
+    """The usual face of a compound before a colon, as titles have it."""
+    for solid, faces in _COMPOUND_FACES.items():
+        face = faces.split()[0]
+        yield f"{solid.lower()}({face}):", solid
+        if solid in _REDUCIBLE:
+            yield f"{solid.lower()}{{{face}}}:", solid
+
+
 # Faces of compounds, semiconductor hosts, faces of metals, metal hosts.
 SURFACE_NAMES: Final[Mapping[str, str]] = first_of_each(
     [
         *_faces(_COMPOUND_FACES),
+        *_titled_faces(),
         *_hosts(),
         *_faces(_SEMICONDUCTOR_FACES),
         *_metal_faces(),

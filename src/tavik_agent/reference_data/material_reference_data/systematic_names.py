@@ -73,6 +73,10 @@ _TRIVALENT_SYMBOLS: Final = frozenset(_NAMES[name] for name in _RARE_EARTHS.spli
 
 # Oxides with the vowel dropped, and the sesqui compounds.
 _PENTOXIDES: Final = "vanadium niobium tantalum arsenic antimony phosphorus bismuth protactinium"
+_SESQUI: Final = (
+    "titanium vanadium chromium manganese iron cobalt rhodium nickel aluminum aluminium gallium "
+    "indium bismuth"
+)
 _TETROXIDES: Final = "ruthenium osmium"
 
 # Salts of two metals: the anion, the formula with "A" for the metal, and the metals.
@@ -161,7 +165,7 @@ def _counted() -> Iterator[tuple[str, str]]:
         yield f"{name} pentoxide", f"{_NAMES[name]}2O5"
     for name in _TETROXIDES.split():
         yield f"{name} tetroxide", f"{_NAMES[name]}O4"
-    for name in f"{_RARE_EARTHS} {_METALS} aluminum aluminium gallium indium bismuth".split():
+    for name in f"{_RARE_EARTHS} {_SESQUI}".split():
         yield f"{name} sesquioxide", f"{_NAMES[name]}2O3"
         yield f"{name} sesquisulfide", f"{_NAMES[name]}2S3"
 

@@ -14,19 +14,16 @@ from collections.abc import Callable, Iterable, Mapping
 from types import MappingProxyType
 from typing import Final
 
+from .elements import HARDLY_WRITTEN
+
 # What a hyphen joins to the name of an element that is a guest. "Based", "rich" and "ion" are not
 # here: in "iron-based superconductors" iron alone would make a metal of them.
 _JOINED: Final = (
     "-doped", "-codoped", "-terminated", "-substituted", "-decorated", "-intercalated",
     "-passivated", "-covered", "-vacancy", "-induced", "-deficient",
 )  # fmt: skip
-# The dashes that are typed or typeset for a hyphen: hyphen, non-breaking hyphen, en dash.
-_DASHES: Final = ("\u2010", "\u2011", "\u2013")
-_DIGITS: Final = "0123456789"
-_SUBSCRIPTS: Final = str.maketrans(_DIGITS, "₀₁₂₃₄₅₆₇₈₉")
-# A count between two characters that occur in no formula; those of a longer count are joined.
-_OPEN, _CLOSE = "<>"
-_MARKED: Final = str.maketrans({digit: f"{_OPEN}{digit}{_CLOSE}" for digit in _DIGITS})
+# The dashes that are typed or typeset for a hyphen: non-breaking hyphen, en dash.
+_DASHES: Final = ("\u2011", "\u2013")
 
 
 def alone(phrase: str) -> tuple[str, ...]:
@@ -44,17 +41,37 @@ def as_anion(name: str) -> tuple[str, ...]:
 
 def as_salt(name: str) -> tuple[str, ...]:
     """A name of two metals; in a form without a row it would be read as the first metal."""
-    return (name, name + ",", name + ".", name + ")", f"({name})", name + "-based")
+    return (name, name + ",", name + ".", name + ")", name + "-based")
 
 
 def as_rare_name(name: str) -> tuple[str, ...]:
     """A name as it stands in sentences and in brackets."""
-    return (*in_sentences(name), name + ")", f"({name})")
+    return (name, name + ",", name + ".", name + ":", name + "?", name + ")", f"({name})")
 
 
 def before_comma(phrase: str) -> tuple[str, ...]:
     """The phrase before a comma; for phrases that are many and rarely end a sentence."""
     return (phrase, phrase + ",")
+
+
+def on_oxides(phrase: str) -> tuple[str, ...]:
+    """The phrase; below a single atom ("pt1/ceo2") before a comma, too."""
+    return (phrase, phrase + ",") if "1/" in phrase else (phrase,)
+
+
+def as_open_formula(phrase: str) -> tuple[str, ...]:
+    """The phrase; with an open share of an ion that moves in and out before a comma, too."""
+    ion = phrase.startswith(("li_", "na_", "li$_x", "na$_x", "lix", "nax"))
+    return (phrase, phrase + ",") if ion else (phrase,)
+
+
+def on_surfaces(phrase: str) -> tuple[str, ...]:
+    """The phrase; doped silicon, a host behind "in" or "on", a usual face before a comma, too."""
+    _, _, face = phrase.partition("(")
+    usual = face and "/" not in phrase and " " not in face and phrase[-1] != ":"
+    if phrase.endswith(("doped si", "doped silicon")):
+        return (phrase, phrase + ",", phrase + ":")
+    return (phrase, phrase + ",") if usual or phrase[:3] in ("in ", "on ") else (phrase,)
 
 
 def in_phrases(phrase: str) -> tuple[str, ...]:
@@ -82,51 +99,14 @@ def as_element_name(name: str) -> tuple[str, ...]:
 
     It is not read behind a bracket that stays open: "(sodium chloride" is about a compound.
     """
+    if name in HARDLY_WRITTEN:
+        return (*in_sentences(name), name + ")", f"({name})", name + "-doped")
     return (
         *in_sentences(name), name + ")", name + "),", name + ").", f"({name})", f"({name},",
-        f"({name}),", f"({name}).", f'"{name}"', f"'{name}'", f"“{name}”",
+        f"({name}),", f"({name}).", f'"{name}"',
         name + "'s", name + "’s", name + "...", name + "…", "bulk-" + name, "nano-" + name,
         *(name + word for word in _JOINED),
     )  # fmt: skip
-
-
-def _marked(formula: str) -> str:
-    return formula.translate(_MARKED).replace(_CLOSE + _OPEN, "")
-
-
-def as_plain_subscripts(formula: str) -> tuple[str, ...]:
-    """A lower-case formula with its counts as subscripts, in Unicode and in LaTeX."""
-    characters = formula.translate(_SUBSCRIPTS)
-    if characters == formula:
-        return ()
-    return (characters, _marked(formula).replace(_OPEN, "$_").replace(_CLOSE, "$"))
-
-
-def as_subscripts(formula: str) -> tuple[str, ...]:
-    """The same before marks and in brackets, and with underscores and HTML."""
-    if formula.isalpha():
-        return ()
-    characters, latex = as_plain_subscripts(formula)
-    marked = _marked(formula)
-    return (
-        characters, characters + ",", latex, latex + ",", latex + ".", latex + ":", f"({latex})",
-        marked.replace(_OPEN, "$_{").replace(_CLOSE, "}$"),
-        marked.replace(_OPEN, "_").replace(_CLOSE, ""),
-        marked.replace(_OPEN, "<sub").replace(_CLOSE, "</sub>").replace("<sub", "<sub>"),
-    )  # fmt: skip
-
-
-def as_formula(formula: str) -> tuple[str, ...]:
-    """A lower-case formula before the marks of a sentence and a bracket, and with subscripts."""
-    return (
-        formula, formula + ",", formula + ".", formula + ":", formula + "?", formula + ")",
-        *as_subscripts(formula),
-    )  # fmt: skip
-
-
-def as_rare_formula(formula: str) -> tuple[str, ...]:
-    """A lower-case formula in plain form, and with subscripts in Unicode and LaTeX."""
-    return (formula, *as_plain_subscripts(formula))
 
 
 def in_forms(
@@ -134,11 +114,11 @@ def in_forms(
 ) -> Mapping[str, str]:
     """The rows of the tables in their order and forms; the first row with a phrase counts."""
     together: dict[str, str] = {}
-    add = together.setdefault
     for table, forms in tables:
         for phrase, value in table.items():
             for form in forms(phrase):
-                add(form, value)
+                if form not in together:
+                    together[form] = value
     return MappingProxyType(together)
 
 
