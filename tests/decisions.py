@@ -22,3 +22,8 @@ def keyword_rows(field):
     heads = [(condition.split(";")[0], label) for _, condition, label in rows(field)]
     plain = re.compile(r"(`[a-z0-9+ -]+`[ ,]*)+")
     return [(in_code(head), label) for head, label in heads if plain.fullmatch(head)]
+
+
+FIELDS = "structure_mode structure_archetype correlation_class magnetic_class explicit_spin_mode"
+KEYWORD_ROWS = {field: keyword_rows(field) for field in FIELDS.split()}
+KEYWORDS = [word for rows in KEYWORD_ROWS.values() for words, _ in rows for word in words]

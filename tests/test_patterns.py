@@ -165,13 +165,9 @@ def test_words_by_pattern(words):
     check_all(check, chosen.split("|"), texts(pieces))
 
 
-FIELDS = "structure_mode structure_archetype correlation_class magnetic_class explicit_spin_mode"
-
-
-@pytest.mark.parametrize("field", FIELDS.split())
-def test_keywords_of_the_decisions(field):
+@pytest.mark.parametrize(("field", "rows"), decisions.KEYWORD_ROWS.items())
+def test_keywords_of_the_decisions(field, rows):
     """The first row with a keyword decides, and keywords count inside other words too."""
-    rows = decisions.keyword_rows(field)
     words = [word for words, _ in rows for word in words]
     nothing = mc.characterize_material(step="")[field]
 
