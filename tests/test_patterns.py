@@ -1,5 +1,4 @@
-"""The scanners against the patterns and the containment tests that define them, on chosen and on
-made-up text."""
+"""The scanners against the patterns and keywords that define them, on chosen and made-up text."""
 
 import functools
 import re

@@ -1,5 +1,4 @@
-"""Random requests, the same for the same seed: words that the rules know in usual and unusual
-text, structured values in the shapes that are read and, in every third, values that fit nowhere."""
+"""Random requests, the same for the same seed; in every third, some values fit nowhere."""
 
 import collections
 import random
