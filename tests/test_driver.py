@@ -79,13 +79,6 @@ def test_formula_hint(intent, query, hint, message):
     assert evidence(found, "formula") == ([message.format(hint)] if message else [])
 
 
-def test_cross_check_asks_for_the_parts_by_name(record):
-    calls = record(_formula_parts=[("Fe", 1)], _formula_hint="H")
-    assert characterize(query_intent={"species": ["fe"]})["formula_hint"] == "H"
-    assert characterize(query_intent={"species": ["O"]})["formula_hint"] == ""
-    assert calls[1::2] == [("_formula_parts", ("H",), {})] * 2
-
-
 def test_intent_is_read_by_its_own_get_in_order():
     read = []
 

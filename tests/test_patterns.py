@@ -114,11 +114,6 @@ def test_symbols_are_looked_up_in_order_up_to_the_first_unknown(monkeypatch):
     assert asked == ["Fe", "Xy", "Qq", "Q"]  # none for what has not the shape of a formula
 
 
-def test_acronyms_are_read_from_the_bound_set(monkeypatch):
-    monkeypatch.setattr(mc, "_NON_FORMULA_TOKENS", ["NIO"])
-    assert mc._species_from_text("NiO HSe") == ["H", "Se"]
-
-
 # How to ask, the pattern of each label in order, pieces of text, and texts; they are lowered.
 WORDS = {
     "sample and tip": (

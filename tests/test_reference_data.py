@@ -116,24 +116,27 @@ def test_no_spelling_stands_for_two_formulas():
 MEANINGS = {
     "Fe2O3": "fe₂o₃|fe$_2$o$_3$|fe$_2$o$_3$,|fe_2o_3|fe$_{2}$o$_{3}$|fe<sub>2</sub>o<sub>3</sub>"
     "|fe₂o₃,|α-fe2o3|alpha-fe₂o₃|fe2o3.|(hematite)",
+    "C": "(graphite)|silicon–vacancy center in diamond",
     # fractions and variables
     "La2SrMn3O9": "la0.7sr0.3mno3",  # of the list
     "LaSrMnO3": "la0.9sr0.1mno3|(la0.9sr0.1)mno3",
-    "BaZrYO3": "ba(zr,y)o3",
+    "LaCaMnO3": "(la,ca)mno3",
     "LaSrCuO4": "la2-xsrxcuo4",
     "AlGaAs": "alxga1-xas",
     "BiSbTe3": "(bi0.8sb0.2)2te3",
     "LiCoO2": "li1-xcoo2",
     "MoO": "moox",
     "YBa2Cu3O7": "yba2cu3o7-δ",
-    "Ti3C2": "ti3c2tx",
+    "CeO2": "ceo2-δ",
+    "Nb2C": "nb2ctx",
     # names that spell a formula out
     "LuH3": "lutetium trihydride",
     "Sb2S3": "antimony trisulfide",
     "Cr2O3": "chromium sesquioxide",
     "ZrS3": "zirconium trisulfide",
     "Ta2O5": "tantalum pentoxide",
-    "EuO": "europium monoxide",
+    "ZrO": "zirconium monoxide",
+    "Ce2O3": "cerium trioxide",
     "NiFe2O4": "nickel ferrite",
     "AgNbO3": "silver niobate",
     # names of elements in every spelling

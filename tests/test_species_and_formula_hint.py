@@ -93,9 +93,3 @@ def test_what_is_no_table_and_what_no_species(monkeypatch):
         with pytest.raises(AttributeError, match="items"):
             mc._species_from_text("iron")
         monkeypatch.setattr(mc, name, {})
-
-
-def test_parts_of_a_compound_are_asked_for_by_name(record):
-    calls = record(_formula_parts=[("Q", 1), ("Fe", 2)])
-    assert mc._species_from_text("rutile iron") == ["Q", "Fe"]
-    assert calls == [("_formula_parts", ("TiO2",), {})]
