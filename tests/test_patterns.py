@@ -34,7 +34,7 @@ def check_all(check, chosen, made_up):
     given(made_up)(check)()
 
 
-ELEMENTS = "Fe|O|H|Xy|In|DFT|HSe|Co|CO|E|e|x|2|3|10|-| "
+ELEMENTS = "Fe|O|H|Xy|In|Zn|As|DFT|HSe|Co|CO|E|e|x|2|3|10|-| "
 
 
 def parts_by_definition(module, token):
