@@ -7,22 +7,9 @@ import pytest
 
 from tavik_agent import material_characterization as mc
 
-
-class Spelled(str):
-    def __str__(self):
-        return "spelled out"
-
-
-class Written(collections.UserDict):
-    def __str__(self):
-        return self.data["as"]
-
-
-class Backwards(list):
-    def __iter__(self):
-        return reversed(list(super().__iter__()))
-
-
+Spelled = type("Spelled", (str,), {"__str__": lambda self: "spelled out"})
+Written = type("Written", (collections.UserDict,), {"__str__": lambda self: self["as"]})
+Backwards = type("Backwards", (list,), {"__iter__": lambda self: list.__reversed__(self)})
 JOINED = [
     ((), ""),
     ((" Fe cell ", None, ["", " bcc ", 3, None], {"a": "b"}), "Fe cell bcc 3 None {'a': 'b'}"),
@@ -48,12 +35,8 @@ def test_joins_what_can_be_read_as_text(parts, text):
 
 
 def test_list_that_shrinks_while_it_is_read():
-    class Clears:
-        def __str__(self):
-            items.clear()
-            return "cleared"
-
-    items = ["first", Clears(), "never", "read"]
+    clears = type("Clears", (), {"__str__": lambda self: items.clear() or "cleared"})
+    items = ["first", clears(), "never", "read"]
     assert mc._combined_text(items) == "first cleared"
 
 

@@ -6,14 +6,15 @@ import re
 from pathlib import Path
 from typing import Literal, get_args, get_origin, get_type_hints
 
+import decisions
 import pytest
+from decisions import in_code
 from reliability.generate import REQUESTS
 
 from tavik_agent import characterization_types
 from tavik_agent import material_characterization as mc
 
 ROOT = Path(__file__).parents[1]
-DECISIONS = (ROOT / "docs" / "decisions.md").read_text(encoding="utf-8")
 README = (ROOT / "README.md").read_text(encoding="utf-8")
 HINTS = get_type_hints(characterization_types.CharacterizationRecord)
 LABELS = {key: {*get_args(hint)} for key, hint in HINTS.items() if get_origin(hint) is Literal}
@@ -27,10 +28,6 @@ FURTHER_REQUESTS = [
 @pytest.fixture(autouse=True)
 def _known_tables():
     """The module's own tables stay in place here."""
-
-
-def in_code(text):
-    return re.findall(r"`(.+?)`", text)
 
 
 def test_every_label_of_the_types_is_given_and_no_other():
@@ -47,17 +44,14 @@ def test_decisions_name_every_keyword():
     source = (ROOT / "src/tavik_agent/text/keywords.hpp").read_text(encoding="utf-8")
     keywords = re.findall(r'\{Group::\w+, "(.+?)"', source)
     assert len(keywords) > 90
-    assert {*keywords} <= {*in_code(DECISIONS)}
+    assert {*keywords} <= {*in_code(decisions.TEXT)}
 
 
 @pytest.mark.parametrize("field", [key for key, labels in LABELS.items() if "" not in labels])
 def test_decisions_lead_to_every_label(field):
-    section = re.search(rf"^## {field}$(.*?)^## ", DECISIONS, re.MULTILINE | re.DOTALL)[1]
-    numbers = re.findall(r"^\| (\d+) ", section, re.MULTILINE)
-    assert [int(number) for number in numbers] == list(range(1, len(numbers) + 1))
-    decided = re.findall(r"^\| \d+ \| .* \| `(\w+)` \|(?: [^`|]* \|)?$", section, re.MULTILINE)
-    assert len(decided) == len(re.findall(r"^\| \d+ ", section, re.MULTILINE))
-    assert {*decided} == LABELS[field]
+    numbers, _, labels = zip(*decisions.rows(field), strict=True)
+    assert numbers == tuple(map(str, range(1, len(numbers) + 1)))
+    assert {*labels} == LABELS[field]
 
 
 def test_readme_shows_the_record_of_its_example():
@@ -69,3 +63,14 @@ def test_readme_shows_the_record_of_its_example():
         shown |= zip(in_code(keys), in_code(values), strict=True)
     assert record["evidence"].startswith(shown["evidence"].removesuffix(", ...]"))
     assert list(shown.items()) == list((record | {"evidence": shown["evidence"]}).items())
+
+
+@pytest.mark.parametrize("document", ["README.md", "CONTRIBUTING.md", "docs/*.md"])
+def test_files_that_documents_name_exist(document):
+    tops = [top for top in ROOT.iterdir() if top.name not in (".git", ".venv", "build", "dist")]
+    files = [str(path) for top in tops for path in (top, *top.rglob("*"))]
+    like_a_file = re.compile(r"`([\w./-]+(?:\.(?:cpp|hpp|md|pyi?|sh|toml)|/))`")
+    for path in ROOT.glob(document):
+        for name in like_a_file.findall(path.read_text(encoding="utf-8")):
+            place = "/" + re.sub("^mc/", "material_characterization/", name).rstrip("/")
+            assert any(file.endswith(place) for file in files), f"{path.name}: {name}"

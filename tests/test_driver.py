@@ -1,7 +1,6 @@
 """The stages of one characterization: what each receives, what it leaves, and the record."""
 
 import collections
-import types
 
 import pytest
 
@@ -12,6 +11,10 @@ def characterize(step="", **inputs):
     return mc.characterize_material(step=step, **inputs)
 
 
+def evidence(record, word):
+    return [line for line in record["evidence"] if word in line]
+
+
 def test_step():
     for step, written in {"straße": "STRASSE", None: "", 0: "", 3: "3", " a ": " A "}.items():
         assert characterize(step)["step"] == written
@@ -20,6 +23,7 @@ def test_step():
 BLOCK = {"element": {"Ni": 1}}
 EARLIER = {"previous_steps_params": {"a": [BLOCK], "b": {}, 3: BLOCK, "c": {"element": 5}}}
 PROSE = {"query_text": "CO", "base_characterization": {"species": ["Cu"]}}
+NAMED = "user query explicitly named species {} (LLM intent)"
 
 
 def named(*species):
@@ -28,24 +32,19 @@ def named(*species):
 
 SOURCES_OF_SPECIES = [
     ({"step_params": BLOCK} | named("Fe"), ["Ni"], "element definitions declare species {}"),
-    (
-        named(" fe ", "FE", "", None) | EARLIER | PROSE,
-        ["Fe", "None"],
-        "user query explicitly named species {} (LLM intent)",
-    ),
-    (named(*"o'ß"), ["O", "'", "SS"], "user query explicitly named species {} (LLM intent)"),
+    (named(" fe ", "FE", "", None) | EARLIER | PROSE, ["Fe", "None"], NAMED),
+    (named(*"o'ß"), ["O", "'", "SS"], NAMED),
     (EARLIER | PROSE, ["Ni"], "reused prior-step species {}"),
     (PROSE, ["C", "O"], "prose-scanned fallback species {} (low confidence)"),
-    ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], ""),
+    ({"base_characterization": {"species": [" Fe", "", " ", 3, 3]}}, [" Fe", "3", "3"], None),
 ]
 
 
 @pytest.mark.parametrize(("inputs", "species", "message"), SOURCES_OF_SPECIES)
 def test_first_source_of_species_wins(inputs, species, message):
     found = characterize(**inputs)
-    lines = [line for line in found["evidence"] if "species" in line]
     assert found["species"] == species
-    assert lines == ([message.format(species)] if message else [])
+    assert evidence(found, "species") == ([message.format(species)] if message else [])
 
 
 def test_earlier_steps_are_read_in_order_up_to_the_first_that_declares(record):
@@ -57,19 +56,17 @@ def test_earlier_steps_are_read_in_order_up_to_the_first_that_declares(record):
 
 
 WROTE = "user query explicitly wrote formula {} (LLM intent)"
-
-
+HINT = "formula hint {}"
 HINTS = [
     ({"formula": " fE2o3\n", "species": "x"}, "NiO", "fE2o3", WROTE),
     ({"formula": "\ud800\0"}, "", "\ud800\0", WROTE),
     ({"formula": ["NiO"]}, "", "['NiO']", WROTE),
-    ({"formula": None}, "NiO", "", None),
-    ({"formula": " "}, "NiO", "", None),
-    ({}, "NiO", "NiO", "formula hint {}"),
-    ({}, "nothing", "FeO", "formula hint {}"),  # from the findings
+    *(({"formula": blank}, "NiO", "", None) for blank in (None, " ")),
+    ({}, "NiO", "NiO", HINT),
+    ({}, "nothing", "FeO", HINT),  # from the findings
     ({"species": ["Fe"]}, "Fe2O3", "", None),  # names what the intent does not
-    ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", "formula hint {}"),
-    ({"species": ["Cu"]}, "green salt", "FeXy", "formula hint {}"),  # has no parts
+    ({"species": ["fe", "o", "h"]}, "Fe2O3", "Fe2O3", HINT),
+    ({"species": ["Cu"]}, "green salt", "FeXy", HINT),  # has no parts
 ]
 
 
@@ -79,8 +76,7 @@ def test_formula_hint(intent, query, hint, message):
     block = {"element": {"Fe": 1, "O": 1}}
     found = characterize(step_params=block, query_intent=intent, query_text=query, findings=["FeO"])
     assert found["formula_hint"] == hint
-    lines = [line for line in found["evidence"] if "formula" in line]
-    assert lines == ([message.format(hint)] if message else [])
+    assert evidence(found, "formula") == ([message.format(hint)] if message else [])
 
 
 def test_intent_is_read_by_its_own_get_in_order():
@@ -101,29 +97,25 @@ def test_intent_is_read_by_its_own_get_in_order():
 def test_inputs_are_read_as_they_are_by_then():
     class Symbol:
         def __str__(self):
-            intent.magnetism, params["atom"] = "nonmagnetic", {"xyz": [1]}
+            intent["magnetism"], params["atom"] = "nonmagnetic", {"xyz": [1]}
             return "Fe"
 
-    # Attributes are entries of a dict that lie in an object.
-    intent = types.SimpleNamespace(species=[Symbol()], magnetism="ferromagnetic")
-    params = {"domain": None}
-    found = characterize(step_params=params, query_intent=vars(intent))
+    intent, params = {"species": [Symbol()], "magnetism": "ferromagnetic"}, {"domain": None}
+    found = characterize(step_params=params, query_intent=intent)
     assert found["intent_magnetism"] == "nonmagnetic"
     assert found["structure_mode"] == "molecule_or_cluster"
 
 
-def test_findings_are_taken_as_they_are_at_first():
-    def add(self, *_):
-        findings.append("NiO")
-        return "a"
-
-    for inputs in (
-        {"planner_manifest": type("Manifest", (dict,), {"get": add})(x=1)},
-        {"query_text": type("Query", (str,), {"strip": add})("a")},
-    ):
-        findings = ["nothing"]
-        assert characterize(findings=findings, **inputs)["species"] == [], inputs
-        assert "NiO" in findings
+@pytest.mark.parametrize(
+    ("name", "kind", "method"),
+    [("planner_manifest", dict, "get"), ("query_text", str, "strip")],
+)
+def test_findings_are_taken_as_they_are_at_first(name, kind, method):
+    findings = ["nothing"]
+    adds = type("Adds", (kind,), {method: lambda *_: findings.append("NiO") or "a"})
+    value = adds({"x": 1})
+    assert characterize(findings=findings, **{name: value})["species"] == []
+    assert "NiO" in findings
 
 
 CLASSIFIERS = "_structure_mode _structure_archetype _electronic_class _correlation_class \
@@ -141,18 +133,17 @@ def test_what_each_stage_receives(record, query, for_mode):
         _formula_parts=[("Fe", 1)],
         **LABELS,
     )
-    params = {"element": "E", "atom": {}}
+    params, steps = {"element": "E", "atom": {}}, {"a": {"element": "B"}, "b": {}, "c": 3}
     intent = {"correlation": " DFT+U ", "magnetism": 3, "complexity_hint": "Basic"}
     found = characterize(
         step_params=params,
         query_text=query,
         findings=iter(["a", 2]),
         planner_manifest={"purpose": "P", "notes": {"n": 1}},
-        previous_steps_params={"a": {"element": "B"}, "b": {}, "c": 3},
+        previous_steps_params=steps,
         query_intent=intent,
     )
     texts = {"structure_mode": "mode0", "combined_text": "J", "query_text": query}
-    texts["query_intent"] = intent
     simple = {"intent_complexity": "basic"}
     assert calls == [
         ("_combined_text", (query, ["a", 2], "P", {"n": 1}), {}),
@@ -161,7 +152,7 @@ def test_what_each_stage_receives(record, query, for_mode):
         ("_formula_hint", (query, ["Fe"]), {}),
         ("_formula_hint", ("J", ["Fe"]), {}),
         ("_structure_mode", (params, for_mode), {}),
-        ("_structure_archetype", (), texts),
+        ("_structure_archetype", (), texts | {"query_intent": intent}),
         ("_electronic_class", (["Fe"], "H", query, "archetype1"), {}),
         ("_correlation_class", (["Fe"], "H", "J"), simple | {"intent_correlation": "dft+u"}),
         ("_magnetic_class", (["Fe"], "H", "J", "class3"), simple | {"intent_magnetism": "3"}),
@@ -184,20 +175,11 @@ def test_what_each_stage_receives(record, query, for_mode):
 
 @pytest.mark.parametrize("empty", [None, {}, [], (), 0, "", False])
 def test_empty_inputs_are_handed_on_as_empty(record, empty):
-    calls = record(_combined_text="", _species_from_element_block=[], _formula_parts=[])
+    calls = record(_combined_text="", _species_from_element_block=[])
     names = ("step_params", "findings", "planner_manifest", "previous_steps_params", "query_intent")
     characterize(**dict.fromkeys(names, empty))
-    assert calls == [
-        ("_combined_text", ("", [], None, None), {}),
-        ("_species_from_element_block", (None,), {}),
-    ]
-
-
-def test_cross_check_asks_for_the_parts_by_name(record):
-    calls = record(_formula_parts=[("Fe", 1)], _formula_hint="H")
-    assert characterize(query_intent={"species": ["fe"]})["formula_hint"] == "H"
-    assert characterize(query_intent={"species": ["O"]})["formula_hint"] == ""
-    assert calls[1::2] == [("_formula_parts", ("H",), {})] * 2
+    blocks = [("_species_from_element_block", (None,), {})]
+    assert calls == [("_combined_text", ("", [], None, None), {}), *blocks]
 
 
 def test_intent_driven():
@@ -208,7 +190,6 @@ def test_intent_driven():
 
 
 def test_labels_of_no_decision_leave_no_message(record):
-    record(**dict.fromkeys(LABELS, "unknown") | {"_material_family": "other"})
-    assert characterize(query_text="bulk 2d metal")["evidence"] == []
-    record(**dict.fromkeys(LABELS, "other") | {"_material_family": "unknown"})
-    assert len(characterize()["evidence"]) == 6
+    for label, family, messages in (("unknown", "other", 0), ("other", "unknown", 6)):
+        record(**dict.fromkeys(LABELS, label) | {"_material_family": family})
+        assert len(characterize(query_text="bulk 2d metal")["evidence"]) == messages

@@ -1,8 +1,10 @@
 """The structure mode and the structure archetype."""
 
 import collections
+import re
 import types
 
+import decisions
 import pytest
 
 from tavik_agent import material_characterization as mc
@@ -31,8 +33,8 @@ def test_mode_from_parameters(atom, domain, mode):
 
 @pytest.mark.parametrize("atom", [None, {}, "xyz", ["xyz"], 0, {"xyz": None, "fracxyz": None}])
 def test_mode_from_text(atom):
-    for text, mode in (("xSLABy", "periodic_bulk"), ("", "unknown"), ("a molecule", "unknown")):
-        assert mc._structure_mode({"atom": atom, "domain": CELL}, text) == mode, text
+    for text, mode in (("xSLABy", "periodic_bulk"), ("a molecule", "unknown")):
+        assert mc._structure_mode({"atom": atom, "domain": CELL}, text) == mode
 
 
 def archetype(query="", *, mode="unknown", combined="", intent=None):
@@ -41,45 +43,19 @@ def archetype(query="", *, mode="unknown", combined="", intent=None):
     )
 
 
-# Each outranks those below it.
-ARCHETYPE_WORDS = {
-    "stm_sample_tip": "stm current|scanning tunneling microscopy|scanning tunnelling microscopy",
-    "layered_parent_exfoliation": "exfoliat|layered parent|vdw parent|van der waals parent",
-    "zincblende": "zincblende|zinc-blende|cubic boron nitride|c-bn|cubic bn",
-    "graphene_2d": "graphene",
-    "hbn_2d": "hbn|hexagonal boron nitride|boron nitride",
-    "tmd_2d": "mos2|ws2|molybdenum disulfide|molybdenum disulphide|tungsten disulfide"
-    "|tungsten disulphide|transition metal dichalcogenide|tmd",
-    "phosphorene_2d": "black phosphorus|phosphorene|blac\u212a phosphorus",
-    "mxene_2d": "mxene",
-    "two_dimensional": "monolayer|2d|2-d|sheet|nanoribbon",
-    "surface_slab": "surface|slab",
-}
+IN_VACUUM = next(row for _, row, _ in decisions.rows("structure_archetype") if "bulk cue" in row)
+BULK_CUES = re.search(r"^Bulk cues: (.*?)\. ", decisions.TEXT, re.MULTILINE | re.DOTALL)[1]
 
 
-@pytest.mark.parametrize("label", ARCHETYPE_WORDS)
-def test_archetype_words(label):
-    labels = list(ARCHETYPE_WORDS)
-    outranked = [ARCHETYPE_WORDS[other] for other in labels[labels.index(label) + 1 :]]
-    for word in ARCHETYPE_WORDS[label].split("|"):
-        assert archetype(f"an{word.upper()}s") == label, word
-        assert archetype("; ".join([*reversed(outranked), word])) == label, word
-
-
-SLAB_CONTEXT = "vacuum padding|vacuum spacing|vacuum gap|vacuum layer|vacuum region|add vacuum\
-|film|adsorb|interface|termination"
-BULK_CUES = "bcc|fcc|hcp|rocksalt|rock salt|zinc blende|wurtzite|diamond cubic|bulk |primitive cell\
-|conventional cell"
-
-
-@pytest.mark.parametrize("word", SLAB_CONTEXT.split("|"))
+@pytest.mark.parametrize("word", decisions.in_code(IN_VACUUM)[1:-1])
 def test_slab_in_vacuum(word):
     query = f"vacuum, {word.upper()}"
     assert archetype(query, mode="periodic_bulk") == "surface_slab"
     assert archetype(query, mode="molecule_or_cluster") == "unknown"
     assert archetype(word.replace("vacuum", ""), mode="periodic_bulk") == "unknown"
-    for cue in BULK_CUES.split("|"):
-        assert archetype(f"{cue}x {query}", mode="periodic_bulk") == "unknown"
+    for cue in decisions.in_code(BULK_CUES.replace("\n", " ")):
+        label = "zincblende" if cue == "zincblende" else "unknown"
+        assert archetype(f"{cue}x {query}", mode="periodic_bulk") == label
 
 
 # Lowers to a text that is false but not empty.

@@ -3,6 +3,7 @@
 import contextlib
 import importlib.machinery
 import importlib.util
+import re
 import time
 import types
 from unittest import mock
@@ -28,23 +29,20 @@ def fresh():
     return module
 
 
-WORDS = {word for make in calls.FUNCTIONS.values() for word in str(make()).lower().split()}
-WORDS |= {word.strip(marks) for word in WORDS for marks in ("'{}[]", "',{}[]")}
+TEXT = str([make() for make in calls.FUNCTIONS.values()]).lower()
+WORDS = {*re.findall(r"[\w-]+", TEXT), *re.findall(r"[^\s'{}\[\]]+", TEXT)}
 
 
 def shortened(phrases):
     """A row in five hundred, and those that may stand in the texts of the good calls."""
-    kept = {
-        phrase: meaning
-        for number, (phrase, meaning) in enumerate(phrases.items())
-        if number % 500 == 0 or {*phrase.split()} <= WORDS
-    }
-    return types.MappingProxyType(kept)
+    rows = enumerate(phrases.items())
+    kept = [row for number, row in rows if number % 500 == 0 or {*row[0].split()} <= WORDS]
+    return types.MappingProxyType(dict(kept))
 
 
 SHORT_TABLES = {
-    "FORMULA_ALIASES": shortened(reference.FORMULA_ALIASES),
-    "ELEMENT_NAME_ALIASES": shortened(reference.ELEMENT_NAME_ALIASES),
+    name: shortened(getattr(reference, name))
+    for name in ("FORMULA_ALIASES", "ELEMENT_NAME_ALIASES")
 }
 SHORT_ACRONYMS = frozenset({"DFT", *sorted(acronyms.METHOD_ACRONYMS)[::500]})
 

@@ -72,18 +72,15 @@ def fail_each_allocation(start_failing, prepare, call, check):
 def check_failing_memory(start_failing):
     """Every function's first call after loading, its refusals, and loading. Gives the failures."""
     loaded = copies.small()
+    rows = ((copies.small, calls.result), (lambda: loaded, refused))
+    for name, (prepare, make) in itertools.product(calls.FUNCTIONS, rows):
 
-    for name in calls.FUNCTIONS:
-        for prepare, make in ((copies.small, calls.result), (lambda: loaded, refused)):
+        def check(module, found, make=make, name=name):
+            assert found in (MemoryError, make(module, name))
+            assert calls.result(module, name) == EXPECTED[name]
 
-            def call(module, make=make, name=name):
-                return make(module, name)
-
-            def check(module, found, make=make, name=name):
-                assert found in (MemoryError, make(module, name))
-                assert calls.result(module, name) == EXPECTED[name]
-
-            yield fail_each_allocation(start_failing, prepare, call, check)
+        call = functools.partial(make, name=name)
+        yield fail_each_allocation(start_failing, prepare, call, check)
 
     def check_loaded(module, found):
         if found is not MemoryError:
@@ -132,10 +129,9 @@ def check_growth(good, bad, rounds):
 
     rows = [(hostile_calls, rounds, 50)]  # where Python's caches never rest
     rows.append((lambda: calls.result(copies.fresh(), "_formula_hint"), 50, 25))
-    for name in calls.FUNCTIONS:
-        rows.append((functools.partial(calls.result, module, name), good, good // 2))
-        rows.append((functools.partial(refused, module, name), bad, bad // 2))
-    watched = [*own.values(), *(calls.result(module, name) for name in calls.FUNCTIONS)]
+    for times, make in ((good, calls.result), (bad, refused)):
+        rows += [(functools.partial(make, module, name), times, times // 2) for name in EXPECTED]
+    watched = [*own.values(), *(calls.result(module, name) for name in EXPECTED)]
     watched += calls.result(module, "characterize_material").values()
     return [max(column) for column in zip(*(growth(*row, watched) for row in rows), strict=True)]
 
@@ -144,9 +140,8 @@ def all_at_once(count, action, *arguments):
     """Runs the action on several threads, which start together; raises the first error of any."""
     barrier = threading.Barrier(count)
     with futures.ThreadPoolExecutor(count, initializer=barrier.wait) as pool:
-        running = [pool.submit(action, *arguments) for _ in range(count)]
-    for done in running:
-        done.result()
+        for done in [pool.submit(action, *arguments) for _ in range(count)]:
+            done.result()
 
 
 def check_threads(seconds, modules):

@@ -1,14 +1,16 @@
-"""Random requests, the same for the same seed: words that the rules know in usual and unusual
-text, structured values in the shapes that are read and, in every third, values that fit nowhere."""
+"""Random requests, the same for the same seed; in every third, some values fit nowhere."""
 
 import collections
 import random
 import tomllib
 import types
 from pathlib import Path
+from typing import get_args
 
+import decisions
 from tavik_agent.method_acronyms import METHOD_ACRONYMS
 
+from tavik_agent import characterization_types as kinds
 from tavik_agent import material_reference_data as reference
 
 from . import properties
@@ -19,23 +21,24 @@ REQUESTS = [
     for group in tomllib.loads(path.read_text()).values()
     for request in group
 ]
-WRITTEN = [word for request in REQUESTS for word in str(request.get("query", "")).split()]
 SYMBOLS = sorted(reference.KNOWN_ELEMENT_SYMBOLS)
-NAMES = sorted({*reference.FORMULA_ALIASES, *reference.ELEMENT_NAME_ALIASES})
-FORMULAS = sorted({*reference.SEMICONDUCTOR_FORMULAS, *reference.DFTU_SENSITIVE_FORMULAS, "NaCl"})
-KEYWORDS = "2d vacuum slab bulk crystal graphene mxene surface stm tip sample exfoliated metallic \
-zincblende collinear non-collinear antiferromagnetic soc dft+u hubbard ev hartree electron-volt \
-atomic units minimal cell alpha-mn h-bn mos2 phosphorene spin-orbit layered monolayer"
 INTENT = {
-    "correlation": ["dft+u", "hybrid", "plain_dft", " DFT+U "],
-    "magnetism": ["non-collinear", "antiferromagnetic", "Ferromagnetic", "nonmagnetic", "odd"],
-    "complexity_hint": ["simple", "tutorial", " Minimal", "basic", "full"],
+    "correlation": [*get_args(kinds.IntentCorrelation), " DFT+U "],
+    "magnetism": [*get_args(kinds.IntentMagnetism), "Ferromagnetic", "odd"],
+    "complexity_hint": [*get_args(kinds.IntentComplexity), " Minimal", "full"],
     "units": [{"energy": unit} for unit in ("eV", "Hartree", "electron-volts", " a.u.", "Ry")],
 }
 ODD_TEXT = [*"\0\ud800İßﬁ\u2028_(\U0001f9ea", "Fe²", "Fe٣", "x" * 300]
 # Kinds of words and how often one is drawn.
-WORDS = [(WRITTEN, 6), (NAMES, 4), (FORMULAS, 4), (SYMBOLS, 2), (KEYWORDS.split(), 5)]
-WORDS += [(ODD_TEXT, 1), (sorted(METHOD_ACRONYMS), 1)]
+WORDS = [
+    ([word for request in REQUESTS for word in str(request.get("query", "")).split()], 6),
+    (sorted({*reference.FORMULA_ALIASES, *reference.ELEMENT_NAME_ALIASES}), 4),
+    (sorted(reference.SEMICONDUCTOR_FORMULAS | reference.DFTU_SENSITIVE_FORMULAS), 4),
+    (SYMBOLS, 2),
+    (["stm", "tip", "sample", "metallic", "vacuum", "ev", "hartree", *decisions.KEYWORDS], 5),
+    (sorted(METHOD_ACRONYMS), 1),
+    (ODD_TEXT, 1),
+]
 
 
 def odd_values():
@@ -52,6 +55,9 @@ def odd_values():
 class Generator(random.Random):
     def maybe(self, chance, draw, *arguments):
         return draw(*arguments) if self.random() < chance else None
+
+    def some(self, chance, values):
+        return {key: value for key, value in values.items() if self.random() < chance}
 
     def several(self, most, draw):
         return [draw() for _ in range(self.randrange(most))]
@@ -72,18 +78,14 @@ class Generator(random.Random):
         listed = [{"species": symbol} for symbol in self.species()]
         keyed = {symbol: self.choice([{"species": symbol}, 1]) for symbol in self.species()}
         rows = self.choice([[[0, 0, 0]], "a.xyz", None])
-        params = {
-            "element": self.choice([listed, keyed]),
-            "atom": {self.choice(["xyz", "fracxyz"]): rows},
-            "domain": {"latvec": self.choice([[[1, 0, 0]], None])},
-        }
-        return {key: value for key, value in params.items() if self.random() < 0.5}
+        params = {"element": self.choice([listed, keyed])}
+        params |= {"atom": {self.choice(["xyz", "fracxyz"]): rows}}
+        return self.some(0.5, params | {"domain": {"latvec": self.choice([[[1, 0, 0]], None])}})
 
     def intent(self):
         drawn = {"species": self.species(), "formula": self.word()}
         drawn |= {"structure_description": self.text(4)}
-        drawn |= {key: self.choice(words) for key, words in INTENT.items()}
-        return {key: value for key, value in drawn.items() if self.random() < 0.3}
+        return self.some(0.3, drawn | {key: self.choice(words) for key, words in INTENT.items()})
 
     def base(self):
         values = {"species": self.species(), "evidence": ["A", "B", "A"], "note": object}

@@ -1,6 +1,6 @@
 """Values whose methods fail, lie, change what is being read, or call back."""
 
-import collections.abc
+import collections
 import copy
 import functools
 import itertools
@@ -14,20 +14,7 @@ class Failure(BaseException):
     """No error of the usual kind, so that nothing may catch it in passing."""
 
 
-class Mapping(collections.abc.Mapping):
-    """A mapping of no built-in type."""
-
-    def __init__(self, content=CONTENT):
-        self._content = content
-
-    def __getitem__(self, key):
-        return self._content[key]
-
-    def __iter__(self):
-        return iter(self._content)
-
-    def __len__(self):
-        return len(self._content)
+Mapping = collections.UserDict  # a mapping of no built-in type
 
 
 class Key(str):
@@ -67,7 +54,14 @@ OTHER_ANSWERS = ["Fe", "\ud800\0", ["O"], None, -1, {"species": "Ni"}]
 def with_method(kind, method, body):
     """Makes a new value of that kind in each call, so that only those who were given it hold it."""
     body = property(body) if method == "__class__" else body
-    content = {dict: [CONTENT], list: [["Fe"]], set: [["Fe"]], str: ["Fe2O3"], Key: ["Fe2O3"]}
+    content = {
+        dict: [CONTENT],
+        Mapping: [CONTENT],
+        list: [["Fe"]],
+        set: [["Fe"]],
+        str: ["Fe2O3"],
+        Key: ["Fe2O3"],
+    }
     made = type("Hostile", (kind,), {"__hash__": kind.__hash__, method: body})
     return functools.partial(made, *content.get(kind, []))
 

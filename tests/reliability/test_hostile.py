@@ -47,12 +47,16 @@ def test_error_of_a_value_arrives_unchanged():
     check_next_call(module)
 
 
-def change_all(values, change):
-    """Changes every list and dict among the values, and those directly in them."""
-    for outer in [value for value in values if type(value) in (list, dict)]:
-        inner = outer.values() if type(outer) is dict else outer
-        for found in [outer, *(value for value in inner if type(value) in (list, dict))]:
-            change(found)
+def change_all(change):
+    """Changes every list and dict among the values of a call, and those directly in them."""
+
+    def act(given, **_):
+        for outer in [value for value in given if type(value) in (list, dict)]:
+            inner = outer.values() if type(outer) is dict else outer
+            for found in [outer, *(value for value in inner if type(value) in (list, dict))]:
+                change(found)
+
+    return act
 
 
 def grow(found):
@@ -60,16 +64,11 @@ def grow(found):
         found.append("Ni") if type(found) is list else found.update({f"k{len(found)}": 1})
 
 
-def shrink(found):
-    if found:
-        found.pop() if type(found) is list else found.popitem()
-
-
 ACTIONS = {
     "none": lambda **_: None,
-    "grow": lambda given, **_: change_all(given, grow),
-    "shrink": lambda given, **_: change_all(given, shrink),
-    "clear": lambda given, **_: change_all(given, lambda found: found.clear()),
+    "grow": change_all(grow),
+    "shrink": change_all(lambda found: found and getattr(found, "popitem", found.pop)()),
+    "clear": change_all(lambda found: found.clear()),
     "rebind": lambda module, own, **_: copies.rebind(module, own),
     "call back": lambda module, **_: check_next_call(module, ["characterize_material"]),
 }
