@@ -8,11 +8,12 @@ from io import TextIOWrapper
 import click
 
 from . import FAILURE, NAME
-from .file_commands import batch, compare_runs
+from .file_commands import batch
 from .files import InputError, input_errors_at
 from .request_commands import show
+from .run_commands import compare_runs, summary_of_run
 
-COMMANDS = {"batch": batch, "compare": compare_runs}
+COMMANDS = {"batch": batch, "compare": compare_runs, "summary": summary_of_run}
 
 
 def run(words: Sequence[str]) -> int:

@@ -4,8 +4,6 @@ import click
 
 from . import NAME
 from .batch import answer_all
-from .compare import compare
-from .terminal import console_for_output
 
 
 @click.command()
@@ -31,16 +29,3 @@ def batch(source: str, target: str, resume: bool) -> int:
     if tally.bad:
         click.echo(f"{NAME}: {tally.bad} of {tally.lines} lines are bad", err=True)
     return 1 if tally.bad else 0
-
-
-@click.command("compare")
-@click.argument("before", metavar="A.jsonl")
-@click.argument("after", metavar="B.jsonl")
-def compare_runs(before: str, after: str) -> int:
-    """Show which labels changed from A.jsonl to B.jsonl, by request and counted by field.
-
-    Exit status 0 when none did, 1 when some did.
-    """
-    if before == after == "-":
-        raise click.UsageError("standard input can be only one of the two")
-    return 0 if compare(console_for_output(), before, after) else 1

@@ -1,0 +1,77 @@
+"""Reads a run: the records and errors that batch wrote a line, with the kept entries in front."""
+
+import inspect
+import re
+from collections.abc import Iterator
+from itertools import takewhile
+from typing import Any, NamedTuple, get_type_hints
+
+from tavik_agent.characterization_types import CharacterizationRecord
+
+from tavik_agent.material_characterization import characterize_material
+
+from .files import InputError, input_place, parse_json, read_lines
+
+FIELDS = get_type_hints(CharacterizationRecord)
+ACCOUNT = ("evidence", "confidence")  # say how the labels were reached
+ARGUMENTS = inspect.signature(characterize_material).parameters
+LONGEST_TEXT = 300
+
+
+class Answer(NamedTuple):
+    number: int  # of its line
+    kept: dict[str, Any]
+    record: dict[str, Any]  # without the kept entries; empty for an error
+    failure: str  # why there is no record
+
+    @property
+    def identity(self) -> str | None:
+        """The kept entry that names the request: the first that is none of its arguments."""
+        return next((key for key in self.kept if key not in ARGUMENTS), None)
+
+    @property
+    def text(self) -> str:
+        return _text(self.kept)
+
+
+def read_run(path: str) -> Iterator[Answer]:
+    place = input_place(path)
+    for number, line in enumerate(read_lines(path), 1):
+        value = parse_json(line.rstrip(b"\r\n"), place, number)
+        answer = _answer(number, value) if isinstance(value, dict) else None
+        if answer is None:
+            raise InputError(f"{place}:{number}", "expected a record or an error object")
+        yield answer
+
+
+def _answer(number: int, value: dict[str, Any]) -> Answer | None:
+    in_front = takewhile(lambda key: key not in FIELDS and key != "error", value)
+    kept = {key: value[key] for key in in_front}
+    record = {key: entry for key, entry in value.items() if key not in kept}
+    match record:
+        case {"error": {"message": str(why)}} if len(record) == 1:
+            return Answer(number, kept, {}, why)
+    return Answer(number, kept, record, "") if record.keys() >= {*ACCOUNT} else None
+
+
+def read_texts(path: str) -> Iterator[str]:
+    """The text of each request of a file; nothing for a line that cannot be read."""
+    for number, line in enumerate(read_lines(path), 1):
+        try:
+            yield _text(parse_json(line.rstrip(b"\r\n"), input_place(path), number))
+        except InputError:
+            yield ""
+
+
+def _text(request: Any) -> str:
+    text = request.get("query_text") if isinstance(request, dict) else None
+    return text if isinstance(text, str) else ""
+
+
+def shortened(text: str) -> str:
+    return text if len(text) <= LONGEST_TEXT else f"{text[:LONGEST_TEXT]}…"
+
+
+def kind_of_failure(message: str) -> str:
+    """The message without what differs from line to line: numbers, quoted text, what was got."""
+    return re.sub(r"'[^']*'|\"[^\"]*\"|\d+", "…", re.split(r", (?:got|not) ", message)[0])
