@@ -20,7 +20,7 @@ def main() -> None:
         sys.exit(run(sys.argv[1:]))
     except ModuleNotFoundError as missing:
         library = (missing.name or "").partition(".")[0]
-        if library not in ("click", "rich"):
+        if library not in ("backports", "click", "msgspec", "rich"):
             raise
         extra = "pip install 'tavik-agent-material-characterization[cli]'"
         _end(f"the library {library} is missing: {extra}", FAILURE)

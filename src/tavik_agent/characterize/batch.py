@@ -13,8 +13,8 @@ from typing import NamedTuple
 from rich.console import Console
 from rich.progress import BarColumn, Progress, TextColumn, TimeRemainingColumn
 
-from .files import InputError, input_errors_at, input_place, json_bytes, parse_json, read_lines
-from .request import characterize, check
+from .files import InputError, input_errors_at, input_place, json_bytes, read_lines
+from .request import characterize, decode_request
 
 ERROR_START = b'{"error": {"line": '
 IN_EVERY_RECORD = b'"confidence": '
@@ -51,9 +51,9 @@ def answer_all(source: str, target: str, *, resume: bool) -> Tally:
 
 
 def _answer(line: bytes, place: str, number: int) -> bytes:
-    request = parse_json(line.rstrip(b"\r\n"), place, number)
+    arguments = decode_request(line.rstrip(b"\r\n"), place, number)
     place = f"{place}:{number}"
-    return json_bytes(characterize(check(request, place), place), place)
+    return json_bytes(characterize(arguments, place), place)
 
 
 def _error(error: InputError, number: int) -> bytes:

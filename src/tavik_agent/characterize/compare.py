@@ -6,13 +6,13 @@ from collections import Counter
 from collections.abc import Iterator
 from dataclasses import dataclass, field
 from itertools import zip_longest
+from reprlib import repr as brief
 from typing import Any, NamedTuple
 
 from rich.console import Console
 from rich.text import Text
 
-from .files import input_place, parse_json, read_lines
-from .request import Shape, expect
+from .files import InputError, input_place, parse_json, read_lines
 from .screen import ACCOUNT
 from .terminal import grid, written
 
@@ -21,9 +21,6 @@ Record = dict[str, Any]
 
 def _is_answer(value: Any) -> bool:
     return isinstance(value, dict) and (_failure(value) is not None or value.keys() >= {*ACCOUNT})
-
-
-ANSWER = Shape("a record or an error object", _is_answer)
 
 
 class Change(NamedTuple):
@@ -62,7 +59,9 @@ def _records(path: str) -> Iterator[Record]:
     place = input_place(path)
     for number, line in enumerate(read_lines(path), 1):
         record: Record = parse_json(line.rstrip(b"\r\n"), place, number)
-        expect(ANSWER, record, f"{place}:{number}")
+        if not _is_answer(record):
+            what = f"expected a record or an error object, not {brief(record)}"
+            raise InputError(f"{place}:{number}", what)
         yield record
 
 

@@ -1,78 +1,115 @@
 """A request: a JSON object that holds the arguments of one call. It is checked before the call is
-made, so that a wrong entry is reported by its name. What the module tolerates in deeper places
-passes.
+made, so that a wrong entry is reported by its path. A null means that the entry was left out.
 """
 
-from collections.abc import Callable, Mapping
-from reprlib import repr as brief
-from typing import Any, NamedTuple
+from collections.abc import Mapping
+from difflib import get_close_matches
+from functools import cache, lru_cache
+from typing import Any, TypedDict, get_type_hints
+
+import msgspec
+from tavik_agent.characterization_types import (
+    CharacterizationRecord,
+    PlannerManifest,
+    QueryIntent,
+    StepParameters,
+)
 
 from tavik_agent.material_characterization import characterize_material
 
-from .files import InputError
+from .decoder import accepted, convert, wrong_entry
+from .files import InputError, parse_json
+from .nulls import without_nulls
 
 
-class Shape(NamedTuple):
-    words: str
-    fits: Callable[[Any], bool]
+class Request(TypedDict, total=False):
+    """The arguments of one call, which characterizes the material of one planning step."""
+
+    step: str
+    step_params: StepParameters
+    query_text: str
+    findings: list[object]
+    planner_manifest: PlannerManifest
+    previous_steps_params: Mapping[str, StepParameters]
+    base_characterization: CharacterizationRecord
+    query_intent: QueryIntent
 
 
-STRING = Shape("a string", lambda value: isinstance(value, str))
-LIST = Shape("a list", lambda value: isinstance(value, list))
-OBJECT = Shape("an object", lambda value: isinstance(value, dict))
-STRINGS = Shape(
-    "a list of strings",
-    lambda value: isinstance(value, list) and all(isinstance(item, str) for item in value),
-)
-
-ARGUMENTS = {
-    "step": STRING,
-    "step_params": OBJECT,
-    "query_text": STRING,
-    "findings": LIST,
-    "planner_manifest": OBJECT,
-    "previous_steps_params": OBJECT,
-    "base_characterization": OBJECT,
-    "query_intent": OBJECT,
-}
-# Entries in which a string in place of a list would be read letter by letter.
-ENTRIES = {
-    ("query_intent", "species"): STRINGS,
-    ("base_characterization", "species"): LIST,
-    ("base_characterization", "evidence"): STRINGS,
-}
+ARGUMENTS = get_type_hints(Request)
+# Decoded whole, since an unknown key of the one may be a slip and those of the other are kept.
+WHOLE = ("base_characterization", "query_intent")
+WHOLE_TYPES = {name: accepted(ARGUMENTS[name]) for name in WHOLE}
 
 
-def check(request: Any, place: str) -> dict[str, Any]:
-    """Returns the request when each entry has its shape; null stands for an entry left out."""
-    expect(OBJECT, request, place)
-    for name, value in request.items():
-        if name not in ARGUMENTS:
-            raise InputError(
-                place, f"{brief(name)} is no argument; expected {', '.join(ARGUMENTS)}"
-            )
-        if value is not None:
-            expect(ARGUMENTS[name], value, place, name)
-    for (name, key), shape in ENTRIES.items():
-        value = (request.get(name) or {}).get(key)
-        if value is not None:
-            expect(shape, value, place, f"{name}.{key}")
-    checked: dict[str, Any] = request
-    return checked
+@cache
+def _decoder(kept: tuple[str, ...]) -> msgspec.json.Decoder[Any]:
+    fields: list[tuple[str, Any, Any]] = [
+        (name, dict[str, Any] | None if name in WHOLE else accepted(hint), None)
+        for name, hint in ARGUMENTS.items()
+    ]
+    fields += [(name, msgspec.Raw, msgspec.Raw()) for name in kept if name not in ARGUMENTS]
+    request = msgspec.defstruct("Request", fields, forbid_unknown_fields=True, gc=False)
+    return msgspec.json.Decoder(request)
 
 
-def characterize(request: Mapping[str, Any], place: str) -> Mapping[str, Any]:
-    """The record of a checked request."""
-    if "step" not in request:
-        raise InputError(place, 'expected an entry "step", the name of the planning step')
+def decode_request(line: bytes, place: str, number: int | None = None) -> dict[str, Any]:
+    """The checked arguments in a line of a file, or in a whole file; without nulls."""
     try:
-        record: Mapping[str, Any] = characterize_material(**request)
+        request = _decoder(()).decode(line)
+    except msgspec.ValidationError as error:
+        raise wrong_entry(error, _line(place, number)) from None
+    except (msgspec.DecodeError, UnicodeDecodeError, RecursionError):
+        # Python's own decoder takes lone surrogates, and says where the JSON is wrong.
+        return check(parse_json(line, place, number or 1), _line(place, number))
+    return _checked(request, _line(place, number))
+
+
+def check(value: Any, place: str) -> dict[str, Any]:
+    """The arguments in a value that was decoded before, checked and without nulls."""
+    try:
+        request = msgspec.convert(value, _decoder(()).type)
+    except msgspec.ValidationError as error:
+        raise wrong_entry(error, place) from None
+    return _checked(request, place)
+
+
+def _checked(request: Any, place: str) -> dict[str, Any]:
+    given = {name: getattr(request, name) for name in ARGUMENTS}
+    for name, hint in WHOLE_TYPES.items():
+        if given[name]:
+            convert(given[name], hint, place, f"$.{name}")
+    arguments: dict[str, Any] = without_nulls(given)
+    return arguments
+
+
+def _line(place: str, number: int | None) -> str:
+    return place if number is None else f"{place}:{number}"
+
+
+def characterize(arguments: Mapping[str, Any], place: str) -> Mapping[str, Any]:
+    """The record of checked arguments."""
+    if "step" not in arguments:
+        raise InputError(place, "$.step: is missing, the name of the planning step", kind="no step")
+    try:
+        record: Mapping[str, Any] = characterize_material(**arguments)
     except Exception as error:  # any error that a value raises while it is read
-        raise InputError(place, f"the values give {type(error).__name__}: {error}") from error
+        kind = f"the values give {type(error).__name__}"
+        raise InputError(place, f"{kind}: {error}", kind=kind) from error
     return record
 
 
-def expect(shape: Shape, value: Any, place: str, name: str = "") -> None:
-    if not shape.fits(value):
-        where = f"{name}: " if name else ""
-        raise InputError(place, f"{where}expected {shape.words}, not {brief(value)}")
+def slips(arguments: Mapping[str, Any]) -> list[str]:
+    """A warning for each key of the intent that is near a known one but not it."""
+    found = ((key, _near(key)) for key in arguments.get("query_intent", ()))
+    return [f"$.query_intent.{key}: is not read; {known} is" for key, known in found if known]
+
+
+INTENT_KEYS = tuple(get_type_hints(QueryIntent))
+
+
+@lru_cache(1000)
+def _near(key: str) -> str | None:
+    """The known key that was probably meant."""
+    if key in INTENT_KEYS:
+        return None
+    return next(iter(get_close_matches(key.lower(), INTENT_KEYS, 1, 0.75)), None)
