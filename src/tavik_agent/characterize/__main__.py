@@ -24,8 +24,8 @@ def main() -> None:
             raise
         extra = "pip install 'tavik-agent-material-characterization[cli]'"
         _end(f"the library {library} is missing: {extra}", FAILURE)
-    except KeyboardInterrupt:
-        _end("interrupted", INTERRUPTED)
+    except KeyboardInterrupt as interrupted:
+        _end(f"interrupted{interrupted}", INTERRUPTED)
 
 
 def _end(message: str, status: int) -> None:

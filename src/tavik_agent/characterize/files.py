@@ -17,6 +17,8 @@ from typing import Any
 
 from backports import zstd
 
+COMPRESSED = (".gz", ".zst")
+GZIP_LEVEL = 6
 TOO_DEEP = "expected JSON that is nested less deeply"
 
 
@@ -25,6 +27,7 @@ class InputError(Exception):
 
     def __init__(self, place: str, what: str, *, kind: str = "") -> None:
         super().__init__(f"{place}: {what}")
+        self.place = place
         self.what = what
         self.kind = kind  # what errors are counted by
 
@@ -59,6 +62,16 @@ def opened(path: str) -> io.BufferedIOBase:
         case ".zst":
             return zstd.open(path)
     return open(path, "rb")
+
+
+def compressed(data: bytes, suffix: str) -> bytes:
+    """The data as a file with that suffix holds them; the pieces of a file may be joined."""
+    match suffix:
+        case ".gz":
+            return gzip.compress(data, GZIP_LEVEL, mtime=0)
+        case ".zst":
+            return zstd.compress(data)
+    return data
 
 
 def write_file(path: str, data: bytes) -> None:
