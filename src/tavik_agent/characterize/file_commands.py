@@ -1,31 +1,45 @@
 """The commands that work on files of requests and records."""
 
+from typing import get_type_hints
+
 import click
+from tavik_agent.characterization_types import CharacterizationRecord
 
 from . import NAME
 from .batch import answer_all
 
 
 @click.command()
-@click.argument("source", metavar="IN.jsonl")
+@click.argument("source", metavar="IN")
 @click.option(
     "-o",
     "--output",
     "target",
-    metavar="OUT.jsonl",
+    metavar="OUT",
     default="-",
-    help="A new file; standard output when left out.",
+    help="A new file, complete when it appears; standard output when left out.",
 )
-@click.option("--resume", is_flag=True, help="Go on after the whole lines that OUT.jsonl holds.")
-def batch(source: str, target: str, resume: bool) -> int:
-    """Answer the requests in IN.jsonl, a JSON object a line, with a record a line.
+@click.option("--resume", is_flag=True, help="Go on with the unfinished run of OUT.part.")
+@click.option(
+    "--keep", metavar="KEY", multiple=True, help="Copy this entry of a request, an id say."
+)
+@click.option("--jobs", metavar="N", type=click.IntRange(1), default=1, help="Use N processes.")
+def batch(source: str, target: str, resume: bool, keep: tuple[str, ...], jobs: int) -> int:
+    """Answer the requests in IN, a JSON object a line, with a record a line.
 
-    A line that is no request is answered with an error object, {"error": {"line": ..., "message":
-    ...}}, and reported on standard error; the exit status is then 1. "-" is a standard stream.
+    A line that is no request is answered with an error object, {"error": {"line": ..., "kind":
+    ..., "message": ...}}; the exit status is then 1. Files named .gz or .zst are compressed. "-" is
+    a standard stream.
     """
     if resume and target == "-":
-        raise click.UsageError("--resume goes with -o OUT.jsonl")
-    tally = answer_all(source, target, resume=resume)
-    if tally.bad:
-        click.echo(f"{NAME}: {tally.bad} of {tally.lines} lines are bad", err=True)
-    return 1 if tally.bad else 0
+        raise click.UsageError("--resume goes with -o OUT")
+    if taken := [key for key in keep if key in get_type_hints(CharacterizationRecord)]:
+        raise click.UsageError(f"--keep {taken[0]}: the record has an entry of that name")
+    keep = tuple(dict.fromkeys(keep))
+    done = answer_all(source, target, keep=keep, jobs=jobs, resume=resume)
+    troubles = done.troubles
+    if bad := sum(troubles.errors.values()):
+        click.echo(f"{NAME}: {bad:,} of {done.lines:,} lines are bad", err=True)
+    for kind, times in (troubles.errors | troubles.warnings).items():
+        click.echo(f"{times:>9,}  {kind}", err=True)
+    return 1 if bad else 0

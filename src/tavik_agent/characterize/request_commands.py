@@ -9,8 +9,8 @@ import click
 from tavik_agent.characterization_types import EnergyUnit, QueryIntent
 
 from . import NAME
-from .files import input_place, json_bytes, read_json
-from .request import characterize, check
+from .files import input_place, json_bytes, read_bytes, read_json
+from .request import characterize, check, decode_request
 from .screen import show_record
 from .terminal import console_for_output
 
@@ -71,7 +71,7 @@ def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) 
     if file is None and not typed_arguments:
         raise click.UsageError("expected a request in words or --request FILE; see --help")
     place = "the request" if file is None else input_place(file)
-    given = {"step": ""} if file is None else check(read_json(file), place)
+    given = {"step": ""} if file is None else decode_request(read_bytes(file), place)
     arguments = _replaced(given, typed_arguments)
     record = characterize(arguments, place)
     if as_json:

@@ -1,20 +1,16 @@
 """Reads a run: the records and errors that batch wrote a line, with the kept entries in front."""
 
-import inspect
-import re
 from collections.abc import Iterator
 from itertools import takewhile
 from typing import Any, NamedTuple, get_type_hints
 
 from tavik_agent.characterization_types import CharacterizationRecord
 
-from tavik_agent.material_characterization import characterize_material
-
 from .files import InputError, input_place, parse_json, read_lines
+from .request import ARGUMENTS
 
 FIELDS = get_type_hints(CharacterizationRecord)
 ACCOUNT = ("evidence", "confidence")  # say how the labels were reached
-ARGUMENTS = inspect.signature(characterize_material).parameters
 LONGEST_TEXT = 300
 
 
@@ -23,6 +19,7 @@ class Answer(NamedTuple):
     kept: dict[str, Any]
     record: dict[str, Any]  # without the kept entries; empty for an error
     failure: str  # why there is no record
+    kind: str  # what failures are counted by
 
     @property
     def identity(self) -> str | None:
@@ -50,8 +47,8 @@ def _answer(number: int, value: dict[str, Any]) -> Answer | None:
     record = {key: entry for key, entry in value.items() if key not in kept}
     match record:
         case {"error": {"message": str(why)}} if len(record) == 1:
-            return Answer(number, kept, {}, why)
-    return Answer(number, kept, record, "") if record.keys() >= {*ACCOUNT} else None
+            return Answer(number, kept, {}, why, str(record["error"].get("kind") or why))
+    return Answer(number, kept, record, "", "") if record.keys() >= {*ACCOUNT} else None
 
 
 def read_texts(path: str) -> Iterator[str]:
@@ -70,8 +67,3 @@ def _text(request: Any) -> str:
 
 def shortened(text: str) -> str:
     return text if len(text) <= LONGEST_TEXT else f"{text[:LONGEST_TEXT]}…"
-
-
-def kind_of_failure(message: str) -> str:
-    """The message without what differs from line to line: numbers, quoted text, what was got."""
-    return re.sub(r"'[^']*'|\"[^\"]*\"|\d+", "…", re.split(r", (?:got|not) ", message)[0])

@@ -13,7 +13,7 @@ from rich.text import Text
 
 from .files import InputError, input_place
 from .report import Bar, add_count, counts, most_common
-from .runs import ACCOUNT, FIELDS, Answer, kind_of_failure, read_run, read_texts
+from .runs import ACCOUNT, FIELDS, Answer, read_run, read_texts
 from .unrecognised import Unrecognised
 
 LABELS = {name: get_args(hint) for name, hint in FIELDS.items() if get_origin(hint) is Literal} | {
@@ -48,7 +48,7 @@ class Summary:
     def add(self, answer: Answer, text: str) -> None:
         self.texts += bool(text)
         if answer.failure:
-            self.failures[kind_of_failure(answer.failure)] += 1
+            self.failures[answer.kind] += 1
             return
         self.records += 1
         self.confidence += _number(answer.record["confidence"])

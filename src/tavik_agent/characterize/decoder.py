@@ -1,0 +1,71 @@
+"""Requests are decoded and checked in one step by msgspec. What is accepted follows from the types
+of the package, and is wider: a null stands for what was left out, a word of the intent may be any
+text, an iterable is a list.
+"""
+
+import re
+from collections.abc import Iterable, Mapping
+from types import NoneType, UnionType
+from typing import (
+    Any,
+    Literal,
+    TypedDict,
+    Union,
+    get_args,
+    get_origin,
+    get_type_hints,
+    is_typeddict,
+)
+
+import msgspec
+
+from .files import InputError
+
+WRONG = re.compile(r"Expected `(.+?)(?: \| null)?`, got `(.+?)`(?: - at `(.+)`)?")
+UNKNOWN = re.compile(r"Object contains unknown field `(.+)`")
+_typed_dict: Any = TypedDict
+
+
+def accepted(hint: Any) -> Any:
+    """The type to decode where a type of the package has the hint; None may stand for any value."""
+    origin, parts = get_origin(hint), get_args(hint)
+    if hint in (object, Any):
+        return Any
+    if is_typeddict(hint):
+        fields = {name: accepted(field) for name, field in get_type_hints(hint).items()}
+        hint = _typed_dict(hint.__name__, fields, total=False)
+    elif origin is Literal:
+        hint = str
+    elif origin in (list, Iterable):
+        hint = list[accepted(parts[0])]  # type: ignore[misc]
+    elif origin is Mapping:
+        hint = dict[str, accepted(parts[1])]  # type: ignore[misc]
+    elif origin in (Union, UnionType):
+        hint = Union[*(accepted(part) for part in parts if part is not NoneType)]
+    return hint | None
+
+
+def convert(value: Any, hint: Any, place: str, path: str) -> None:
+    """Checks a value that was decoded before."""
+    try:
+        msgspec.convert(value, hint)
+    except msgspec.ValidationError as error:
+        raise wrong_entry(error, place, path) from None
+
+
+def wrong_entry(error: msgspec.ValidationError, place: str, path: str = "$") -> InputError:
+    """What msgspec found wrong in the value at that path, with the path in front."""
+    text = str(error)
+    if found := WRONG.fullmatch(text):
+        expected, got, at = found.groups()
+        path += (at or "$").removeprefix("$")
+        return InputError(place, f"{path}: expected {expected}, got {got}", kind=kind_of(path))
+    if found := UNKNOWN.fullmatch(text):
+        return InputError(place, f"{path}: unknown entry {found[1]!r}", kind="unknown entry")
+    what, _, at = text.partition(" - at ")
+    path += at.strip("`").removeprefix("$")
+    return InputError(place, f"{path}: {what[0].lower()}{what[1:]}", kind=kind_of(path))
+
+
+def kind_of(path: str) -> str:
+    return f"wrong entry {re.sub(r'\[\d+\]', '[]', path)}"
