@@ -1,4 +1,4 @@
-"""The commands over files of JSON lines: a batch that loses nothing, two runs compared."""
+"""The commands over files of JSON lines: a batch that loses nothing."""
 
 import codecs
 import json
@@ -133,62 +133,3 @@ def test_a_reader_that_has_seen_enough():
     words = ["sh", "-c", '"$@" batch in.jsonl | head -n 1', "sh", *COMMAND]
     done = subprocess.run(words, capture_output=True)
     assert (done.stdout.count(b"\n"), done.stderr) == (1, b"")
-
-
-METAL = {"step": "SCF", "electronic_class": "metal", "species": []}
-METAL |= {"evidence": [], "confidence": 0.4}
-OXIDE = METAL | {"electronic_class": "unknown", "species": ["Ni", "O"], "evidence": ["x"]}
-FAILED = {"error": {"line": 1, "message": "why"}}
-FAILED_ELSEWHERE = {"error": {"message": "why", "file": "log", "text": "x"}}
-CHANGES = """\
-      2  SCF       electronic_class        metal -> unknown
-      2  SCF       species                 - -> Ni, O
-      3  SCF       error                   why -> answered
-      5  SCF       electronic_class        unknown -> metal
-
-field             changes
-electronic_class        2
-species                 1
-error                   1
-
-3 of 5 requests changed
-2 only in b.jsonl, from line 6 on
-"""
-
-
-@pytest.mark.parametrize(
-    ("before", "after", "status", "shown"),
-    [
-        (
-            [METAL, FAILED],
-            [METAL | {"confidence": 1, "evidence": ["x"], "note": ""}, FAILED_ELSEWHERE],
-            0,
-            None,
-        ),
-        ([METAL], [], 1, "0 of 0 requests changed\n1 only in a.jsonl, from line 1 on\n"),
-        (
-            [OXIDE, METAL, FAILED, METAL, OXIDE],
-            [OXIDE, OXIDE, METAL, METAL, OXIDE | {"electronic_class": "metal"}, METAL, METAL],
-            1,
-            CHANGES,
-        ),
-    ],
-)
-def test_compare(before, after, status, shown, capfd):
-    Path("a.jsonl").write_bytes(as_lines(before))
-    Path("b.jsonl").write_bytes(as_lines(after))
-    assert run(["compare", "a.jsonl", "b.jsonl"]) == status
-    assert capfd.readouterr() == (shown or "0 of 2 requests changed\n", "")
-
-
-@pytest.mark.parametrize(
-    ("line", "message"),
-    [
-        (b"x", ":2:1: invalid JSON: Expecting value"),
-        (b'{"step": "a"}', ":2: expected a record or an error object, not {'step': 'a'}"),
-    ],
-)
-def test_compare_tells_a_bad_line(line, message, capfd):
-    Path("a.jsonl").write_bytes(as_lines([METAL]) + line + b"\n")
-    assert run(["compare", "a.jsonl", "a.jsonl"]) == 2
-    assert capfd.readouterr().err == f"tavik-characterize compare: a.jsonl{message}\n"

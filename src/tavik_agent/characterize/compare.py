@@ -146,7 +146,7 @@ def comparison_parts(
 
 def _transitions(name: str, transitions: Counter[Change], limit: int | None) -> RenderableType:
     table = grid()
-    table.add_column(written(name), overflow="fold", min_width=24)
+    table.add_column(f"{written(name)}, from", overflow="fold", min_width=28)
     table.add_column("to", overflow="fold", min_width=24)
     table.add_column(f"{transitions.total():,}", justify="right", no_wrap=True)
     for change, times in transitions.most_common(limit):
@@ -166,7 +166,7 @@ def _example(example: Example, text: str) -> Iterator[RenderableType]:
     yield where + Text(f"  {written(shortened(text))}" if text else "")
     for change in changes:
         line = Text.assemble(f"{written(change.name):<22}", (change.before, "red"), " -> ")
-        yield Padding(line + Text(change.after, "green"), (0, 0, 0, 4))
+        yield Padding.indent(line + Text(change.after, "green"), 4)
 
 
 def _texts(requests: str | None, numbers: set[int]) -> dict[int, str]:

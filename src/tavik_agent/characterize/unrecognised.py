@@ -43,11 +43,11 @@ def _candidate(word: str) -> Iterator[str]:
 
 def _is_formula(word: str) -> bool:
     """Symbols of two elements; with a number also other letters, as in the formula MAPbI3."""
-    if word.upper() in METHOD_ACRONYMS or sum(map(str.isupper, word)) < 2 or word.isupper():
+    if word.upper() in METHOD_ACRONYMS or sum(map(str.isupper, word)) < 2:
         return False
-    if SYMBOLS.fullmatch(word):
-        return True
-    return any(map(str.isdecimal, word)) and bool(SYMBOL_OF_TWO_LETTERS.search(word))
+    if any(map(str.isdecimal, word)):
+        return bool(SYMBOLS.fullmatch(word) or SYMBOL_OF_TWO_LETTERS.search(word))
+    return not word.isupper() and bool(SYMBOLS.fullmatch(word))
 
 
 class Unrecognised:
