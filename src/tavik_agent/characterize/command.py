@@ -3,25 +3,27 @@
 import os
 import sys
 from collections.abc import Sequence
+from importlib import import_module
 from io import TextIOWrapper
 
 import click
 
 from . import FAILURE, NAME
-from .file_commands import batch, compare_runs
 from .files import InputError, input_errors_at
-from .request_commands import show
 
-COMMANDS = {"batch": batch, "compare": compare_runs}
+# Where each command stands: a command imports what it needs, and no other.
+REQUEST = "request_commands:show"
+COMMANDS = {"batch": "file_commands:batch", "compare": "file_commands:compare_runs"}
 
 
 def run(words: Sequence[str]) -> int:
     """Runs the command line and returns its exit status; an input error is reported in one line."""
     if isinstance(sys.stdout, TextIOWrapper):
         sys.stdout.reconfigure(errors="backslashreplace")
-    command, name, rest = show, NAME, [*words]
+    place, name, rest = REQUEST, NAME, [*words]
     if rest and rest[0] in COMMANDS:
-        command, name = COMMANDS[rest[0]], f"{NAME} {rest.pop(0)}"
+        place, name = COMMANDS[rest[0]], f"{NAME} {rest.pop(0)}"
+    command = command_at(place)
     try:
         with input_errors_at("standard output"), command.make_context(name, rest) as context:
             status: int = command.invoke(context)
@@ -35,6 +37,12 @@ def run(words: Sequence[str]) -> int:
     finally:
         _abandon_failed_output()
     return FAILURE
+
+
+def command_at(place: str) -> click.Command:
+    module, _, name = place.partition(":")
+    command: click.Command = getattr(import_module(f"{__package__}.{module}"), name)
+    return command
 
 
 def _abandon_failed_output() -> None:

@@ -23,7 +23,6 @@ from .files import InputError
 
 WRONG = re.compile(r"Expected `(.+?)(?: \| null)?`, got `(.+?)`(?: - at `(.+)`)?")
 UNKNOWN = re.compile(r"Object contains unknown field `(.+)`")
-_typed_dict: Any = TypedDict
 
 
 def accepted(hint: Any) -> Any:
@@ -32,8 +31,7 @@ def accepted(hint: Any) -> Any:
     if hint in (object, Any):
         return Any
     if is_typeddict(hint):
-        fields = {name: accepted(field) for name, field in get_type_hints(hint).items()}
-        hint = _typed_dict(hint.__name__, fields, total=False)
+        hint = _typed_dict(hint.__name__, accepted_fields(hint), total=False)
     elif origin is Literal:
         hint = str
     elif origin in (list, Iterable):
@@ -45,12 +43,17 @@ def accepted(hint: Any) -> Any:
     return hint | None
 
 
-def convert(value: Any, hint: Any, place: str, path: str) -> None:
-    """Checks a value that was decoded before."""
-    try:
-        msgspec.convert(value, hint)
-    except msgspec.ValidationError as error:
-        raise wrong_entry(error, place, path) from None
+def accepted_fields(hint: Any) -> dict[str, Any]:
+    return {name: accepted(field) for name, field in get_type_hints(hint).items()}
+
+
+def struct(name: str, fields: dict[str, Any], *, closed: bool) -> type[msgspec.Struct]:
+    """An object whose entries may be left out; a closed one has no others."""
+    optional = [(field, hint, None) for field, hint in fields.items()]
+    return msgspec.defstruct(name, optional, forbid_unknown_fields=closed, gc=False)
+
+
+_typed_dict: Any = TypedDict
 
 
 def wrong_entry(error: msgspec.ValidationError, place: str, path: str = "$") -> InputError:

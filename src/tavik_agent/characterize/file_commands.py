@@ -7,8 +7,6 @@ from tavik_agent.characterization_types import CharacterizationRecord
 
 from . import NAME
 from .batch import answer_all
-from .compare import compare
-from .terminal import console_for_output
 
 
 @click.command()
@@ -57,4 +55,7 @@ def compare_runs(before: str, after: str) -> int:
     """
     if before == after == "-":
         raise click.UsageError("standard input can be only one of the two")
+    from .compare import compare
+    from .terminal import console_for_output
+
     return 0 if compare(console_for_output(), before, after) else 1
