@@ -5,14 +5,14 @@ made, so that a wrong entry is reported by its path. A null means that the entry
 from collections.abc import Iterable, Mapping
 from contextlib import suppress
 from functools import lru_cache
-from typing import Any, NamedTuple, TypedDict, get_type_hints
+from typing import Any, NamedTuple, Required, TypedDict, get_type_hints
 
 import msgspec
 from tavik_agent.characterization_types import (
     CharacterizationRecord,
+    KnownStepParameters,
     PlannerManifest,
     QueryIntent,
-    StepParameters,
 )
 
 from tavik_agent.material_characterization import characterize_material
@@ -25,14 +25,22 @@ from .nulls import without_nulls
 class Request(TypedDict, total=False):
     """The arguments of one call, which characterizes the material of one planning step."""
 
-    step: str
-    step_params: StepParameters
+    step: Required[str]
+    """The name of the planning step, for example relax."""
+    step_params: KnownStepParameters
+    """The parameters of the step."""
     query_text: str
+    """The user's request, unabridged."""
     findings: list[object]
+    """What was found so far, as texts."""
     planner_manifest: PlannerManifest
-    previous_steps_params: Mapping[str, StepParameters]
+    """The texts of the plan."""
+    previous_steps_params: Mapping[str, KnownStepParameters]
+    """The parameters of earlier steps by their names, in the order of the plan."""
     base_characterization: CharacterizationRecord
+    """The record of an earlier step, to merge the new one into."""
     query_intent: QueryIntent
+    """What a language model extracted from the query."""
 
 
 ARGUMENTS = get_type_hints(Request)
@@ -135,23 +143,24 @@ class RequestDecoder:
 
 def _check_whole(given: dict[str, Any], place: str, number: int | None) -> list[str]:
     name = "query_intent"
-    slips = []
+    found = []
     try:
         if given[name]:
             try:
                 msgspec.convert(given[name], KNOWN_INTENT)
             except msgspec.ValidationError:
                 msgspec.convert(given[name], ANY_INTENT)
-                slips = _slips(given[name])
+                found = slips(given[name])
         name = "base_characterization"
         if given[name]:
             msgspec.convert(given[name], EARLIER_RECORD)
     except msgspec.ValidationError as error:
         raise wrong_entry(error, line_of(place, number), f"$.{name}") from None
-    return slips
+    return found
 
 
-def _slips(intent: Iterable[str]) -> list[str]:
+def slips(intent: Iterable[str]) -> list[str]:
+    """A warning for each key that is near a known one but not it."""
     near = [(key, _near(key)) for key in intent if key not in INTENT]
     return [f"$.query_intent: {key!r} is not read, but {known} is" for key, known in near if known]
 

@@ -1,5 +1,5 @@
-"""A process that answers blocks for another one, and how the two speak: messages through pipes, each
-behind its length. It ends when there is nobody to send the next.
+"""A process that answers blocks for another one, and how the two speak: messages through pipes,
+each behind its length. It ends when there is nobody to send the next.
 """
 
 import signal
