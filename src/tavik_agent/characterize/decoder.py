@@ -56,19 +56,24 @@ def struct(name: str, fields: dict[str, Any], *, closed: bool) -> type[msgspec.S
 _typed_dict: Any = TypedDict
 
 
-def wrong_entry(error: msgspec.ValidationError, place: str, path: str = "$") -> InputError:
-    """What msgspec found wrong in the value at that path, with the path in front."""
+def wrong_entry(
+    error: msgspec.ValidationError,
+    place: str,
+    hint: type[msgspec.Struct],
+    path: str = "$",
+    kind: str = "",
+) -> InputError:
+    """What msgspec found wrong in a value of that type at that path, by the path of the entry."""
     text = str(error)
     if found := WRONG.fullmatch(text):
         expected, got, at = found.groups()
-        path += (at or "$").removeprefix("$")
-        return InputError(place, f"{path}: expected {expected}, got {got}", kind=kind_of(path))
-    if found := UNKNOWN.fullmatch(text):
-        return InputError(place, f"{path}: unknown entry {found[1]!r}", kind="unknown entry")
-    what, _, at = text.partition(" - at ")
-    path += at.strip("`").removeprefix("$")
-    return InputError(place, f"{path}: {what[0].lower()}{what[1:]}", kind=kind_of(path))
-
-
-def kind_of(path: str) -> str:
-    return f"wrong entry {re.sub(r'\[\d+\]', '[]', path)}"
+        what, at = f"expected {expected}, got {got}", at or "$"
+    elif found := UNKNOWN.fullmatch(text):
+        what, at = f"unknown entry {found[1]!r}; expected {', '.join(hint.__struct_fields__)}", "$"
+        return InputError(place, f"{path}: {what}", kind="unknown entry")
+    else:
+        what, _, at = text.partition(" - at ")
+        what, at = what[:1].lower() + what[1:], at.strip("`") or "$"
+    at = at.removeprefix("$")
+    kind = f"wrong entry {kind or path}{re.sub(r'\[\d+\]', '[]', at)}"
+    return InputError(place, f"{path}{at}: {what}", kind=kind)

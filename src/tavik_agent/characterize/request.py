@@ -2,6 +2,7 @@
 made, so that a wrong entry is reported by its path. A null means that the entry was left out.
 """
 
+import json
 from collections.abc import Iterable, Mapping
 from contextlib import suppress
 from functools import lru_cache
@@ -50,6 +51,7 @@ INTENT = accepted_fields(QueryIntent)
 KNOWN_INTENT = struct("query_intent", INTENT, closed=True)
 ANY_INTENT = struct("query_intent", INTENT, closed=False)
 EARLIER_RECORD = struct("record", accepted_fields(CharacterizationRecord), closed=False)
+STEP = struct("step", accepted_fields(KnownStepParameters), closed=False)
 NEAR = 0.75  # how alike two keys are when one is taken for a slip of the other
 
 
@@ -74,13 +76,10 @@ class RequestDecoder:
 
     def decode(self, line: bytes, place: str, number: int | None = None) -> Decoded:
         try:
-            if not line.isascii():
-                line.decode()  # msgspec passes over text that nobody asked for
+            line.decode()  # msgspec passes over text that nobody asked for
             request = self._decode(line)
-        except msgspec.ValidationError as error:
-            raise wrong_entry(error, line_of(place, number)) from None
         except (msgspec.DecodeError, UnicodeDecodeError, RecursionError):
-            # Python's own decoder takes lone surrogates, and says where JSON is wrong.
+            # Python's own decoder takes lone surrogates, and the whole value tells what is wrong.
             return self.check(parse_json(line, place, number or 1), place, number)
         given = msgspec.structs.asdict(request)
         kept = {name: given[name] for name in self.keep if given[name] not in (None, NULL)}
@@ -124,7 +123,7 @@ class RequestDecoder:
         try:
             request = msgspec.convert(value, self._request)
         except msgspec.ValidationError as error:
-            raise wrong_entry(error, line_of(place, number)) from None
+            raise _wrong_request(error, value, self._request, line_of(place, number)) from None
         given = msgspec.structs.asdict(request)
         slips = _check_whole(given, place, number)
         return Decoded(without_nulls(given), kept, slips)
@@ -141,6 +140,20 @@ class RequestDecoder:
         return {name: value[name] for name in self.keep if value.get(name) is not None}
 
 
+def _wrong_request(
+    error: msgspec.ValidationError, value: Any, hint: type[msgspec.Struct], place: str
+) -> InputError:
+    """The error of an earlier step by the step's name, which msgspec does not tell."""
+    if "previous_steps_params[...]" in str(error):
+        for name, parameters in value["previous_steps_params"].items():
+            try:
+                msgspec.convert(parameters or {}, STEP)
+            except msgspec.ValidationError as wrong:
+                path = f"$.previous_steps_params[{json.dumps(name)}]"
+                return wrong_entry(wrong, place, STEP, path, kind="$.previous_steps_params[]")
+    return wrong_entry(error, place, hint)
+
+
 def _check_whole(given: dict[str, Any], place: str, number: int | None) -> list[str]:
     name = "query_intent"
     found = []
@@ -155,7 +168,7 @@ def _check_whole(given: dict[str, Any], place: str, number: int | None) -> list[
         if given[name]:
             msgspec.convert(given[name], EARLIER_RECORD)
     except msgspec.ValidationError as error:
-        raise wrong_entry(error, line_of(place, number), f"$.{name}") from None
+        raise wrong_entry(error, line_of(place, number), ANY_INTENT, f"$.{name}") from None
     return found
 
 
