@@ -1,14 +1,18 @@
 """The examples, run as a user runs them; the Dask job on a local cluster of two processes."""
 
+import gzip
 import json
 import subprocess
 import sys
 from pathlib import Path
 
 import pytest
+from backports import zstd
+from reliability.generate import REQUESTS
 
 from tavik_agent import material_characterization as mc
 
+COMMAND = [sys.executable, "-m", "tavik_agent.characterize"]
 EXAMPLES = Path(__file__).parents[1] / "examples"
 
 
@@ -17,10 +21,14 @@ def _known_tables():
     """The module's own tables stay in place here."""
 
 
-def run(example, *arguments):
-    command = [sys.executable, "-W", "error", EXAMPLES / example, *arguments]
-    done = subprocess.run(command, capture_output=True, text=True, timeout=120, check=False)
+def command(words, **options):
+    done = subprocess.run(words, capture_output=True, text=True, timeout=120, **options)
     assert "Traceback" not in done.stderr, done.stderr
+    return done
+
+
+def run(example, *arguments):
+    done = command([sys.executable, "-W", "error", EXAMPLES / example, *arguments])
     return done.stdout, done.returncode
 
 
@@ -41,34 +49,59 @@ def test_typed_planner_step():
     assert status == 0
 
 
-BAD = {
-    b"not JSON": "JSONDecodeError",
-    b"": "JSONDecodeError",
-    b'"a text"': "TypeError",
-    b'{"query_text": "NiO"}': "TypeError",  # no step
-    b'{"step": "scf", "query_text": 5}': "AttributeError",
-    b'{"step": "\xff"}': "UnicodeEncodeError",
-}
+JOB = "characterize_log_with_dask.py"
+LOG = b"".join(
+    json.dumps(
+        {key: value for key, value in request.items() if key not in ("expect", "query")}
+        | {"step": "scf", "query_text": request.get("query", "") + " long" * (n % 100)}
+    ).encode()
+    + b"\n"
+    for n, request in enumerate(REQUESTS * 3)
+)
+BAD = (
+    b'x\n\n{"step": "a", "findings": "NiO"}\n{"step": "\xff"}\n{"step": "no end", "query_text": 5}'
+)
 
 
-def test_dask_job(tmp_path):
-    good = [{"step": f"{n}", "query_text": "Relax Fe2O3"} for n in range(600)]
-    good[300]["query_text"] = "x" * 20_000  # longer than the blocks
-    lines = [json.dumps(request).encode() for request in good]
-    (tmp_path / "log-0.jsonl").write_bytes(b"\n".join([*lines[:400], *BAD]) + b"\n")
-    (tmp_path / "log-1.jsonl").write_bytes(b"\n".join(lines[400:]))  # its last line has no end
-    out, status = run(
-        "characterize_log_with_dask.py",
-        f"{tmp_path}/log-*.jsonl",
-        f"{tmp_path}/records",
-        "--block=4KiB",
-    )
-    assert (out, status) == (f"606 lines on 2 workers, {len(BAD)} errors\n", 1)
-    parts = [path.read_text() for path in sorted((tmp_path / "records").iterdir())]
-    found = [json.loads(line) for line in "".join(parts).splitlines()]
-    failed = [answer["error"] for answer in found[400 : 400 + len(BAD)]]
-    assert found[:400] + found[400 + len(BAD) :] == [mc.characterize_material(**r) for r in good]
-    assert [error["message"].split(":")[0] for error in failed] == list(BAD.values())
-    written = [error["text"].encode(errors="surrogateescape") for error in failed]
-    assert written == list(BAD)
-    assert {error["file"] for error in failed} == {f"{tmp_path}/log-0.jsonl"}
+def test_dask_job_answers_as_batch_does(tmp_path):
+    contents = {"log-0.jsonl": LOG + BAD, "log-1.jsonl.gz": gzip.compress(LOG + BAD)}
+    contents |= {"log-2.jsonl.zst": zstd.compress(BAD + b"\n"), "log-3.jsonl": b""}
+    for name, content in contents.items():
+        (tmp_path / name).write_bytes(content)
+    records = tmp_path / "records"
+    words = (JOB, f"{tmp_path}/log-*", str(records))
+    out, status = run(*words)
+    lines, errors = 2 * LOG.count(b"\n") + 15, 15
+    complete = json.loads((records / "complete.json").read_text())
+    assert len(complete["parts"]) >= 6  # each large file that can be cut is
+    shown = f"{lines} lines in {len(complete['parts'])} parts on 2 workers, {errors} errors\n"
+    assert (out, status) == (shown, 1)
+    answers = b"".join(path.read_bytes() for path in sorted(records.glob("*.jsonl")))
+    for name in contents:
+        command([*COMMAND, "batch", name, "-o", f"{name}.out"], cwd=tmp_path)
+    assert answers == b"".join((tmp_path / f"{name}.out").read_bytes() for name in contents)
+    before = sorted(path.stat().st_mtime_ns for path in records.iterdir())
+    assert run(*words) == ("", 2)
+    assert sorted(path.stat().st_mtime_ns for path in records.iterdir()) == before
+
+
+@pytest.mark.parametrize(
+    ("words", "message"),
+    [
+        ("nowhere.jsonl new", "nowhere.jsonl"),
+        ("no-*.jsonl new", "no-*.jsonl: no such file"),
+        ("log new --workers 0", "at least one worker"),
+        ("log new --block much", "invalid parse_bytes value: 'much'"),
+        ("cut.gz new", "Compressed file ended before"),
+        ("log log", "log: expected a new or empty folder"),
+        ("nosuch://log new", "nosuch"),
+    ],
+)
+def test_dask_job_tells_what_is_wrong(words, message, tmp_path):
+    (tmp_path / "log").write_bytes(LOG[:1000])
+    (tmp_path / "cut.gz").write_bytes(gzip.compress(LOG)[:500])
+    done = command([sys.executable, EXAMPLES / JOB, *words.split()], cwd=tmp_path)
+    assert done.returncode == 2
+    assert message in done.stderr
+    assert done.stderr.count("\n") <= 3  # of which usage may take two
+    assert not (tmp_path / "new" / "complete.json").exists()

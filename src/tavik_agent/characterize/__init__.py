@@ -2,7 +2,8 @@
 
 from .nulls import without_nulls
 
-__all__ = ["FAILURE", "NAME", "without_nulls"]
+__all__ = ["FAILURE", "NAME", "PACKAGE", "without_nulls"]
 
 NAME = "tavik-characterize"
+PACKAGE = "tavik-agent-material-characterization"
 FAILURE = 2  # the exit status when the command could not do what was asked

@@ -7,7 +7,7 @@ from typing import Any
 
 import msgspec
 
-from .files import InputError, json_bytes
+from .files import InputError, compressed, json_bytes, parse_json
 from .request import RequestDecoder, characterize
 
 TOLD_OF_A_KIND = 3
@@ -38,41 +38,93 @@ class Troubles(msgspec.Struct):
         return told
 
 
+class Setting(msgspec.Struct):
+    """What is the same for all requests; the suffix is that of the output."""
+
+    place: str
+    keep: list[str] = []
+    suffix: str = ""
+
+
+class Block(msgspec.Struct):
+    """Lines of requests, of which the first has that number."""
+
+    first: int
+    data: bytes
+
+
+class Answered(msgspec.Struct):
+    """The output for a block."""
+
+    data: bytes
+    lines: int
+    troubles: Troubles
+
+
 class Answerer:
     """Answers the lines of one place; the kept entries of a request go in front of its answer."""
 
-    def __init__(self, place: str, kept: tuple[str, ...] = ()) -> None:
-        self._place = place
-        self._requests = RequestDecoder(kept)
+    def __init__(self, setting: Setting) -> None:
+        self._place = setting.place
+        self._suffix = setting.suffix
+        self._requests = RequestDecoder(setting.keep)
 
-    def block(self, lines: list[bytes], first: int, troubles: Troubles) -> bytes:
-        """The answers to lines without their ends, of which the first has that number."""
-        answers = [self.line(line, first + i, troubles) for i, line in enumerate(lines)]
-        return b"\n".join([*answers, b""])
+    def block(self, block: Block) -> Answered:
+        lines = block.data.split(b"\n")
+        if not lines[-1]:
+            lines.pop()
+        troubles = Troubles()
+        is_text, has_null = _is_text(block.data), b"null" in block.data
+        answers: list[bytes] = []
+        for number, line in enumerate(lines, block.first):
+            answer = None
+            if is_text and not (has_null and b"null" in line):
+                answer = self._simply(line)
+            answers.append(answer or self._thoroughly(line, number, troubles))
+        data = compressed(b"\n".join([*answers, b""]), self._suffix)
+        return Answered(data, len(lines), troubles)
 
-    def line(self, line: bytes, number: int, troubles: Troubles) -> bytes:
-        """The answer to a line, without a line end."""
+    def _simply(self, line: bytes) -> bytes | None:
+        """The answer to a request in which nothing needs care, in half the time; else none."""
         try:
-            arguments, kept = self._requests.decode(line, self._place, number)
-            if slips := self._requests.slips(arguments):
-                for slip in slips:
-                    message = f"{self._place}:{number}: warning: {slip}"
-                    troubles.note(troubles.warnings, f"warning: {slip}", message)
-            record = characterize(arguments, self._place, number)
-            if kept:
-                record = {name: record[name] for name in record if name not in self._requests.kept}
-            answer = encoded(record, self._place, number)
+            return _encode(self._requests.record_of_plain(line))
+        except Exception:
+            return None
+
+    def _thoroughly(self, line: bytes, number: int, troubles: Troubles) -> bytes:
+        kept: dict[str, Any] = {}
+        try:
+            arguments, kept, slips = self._requests.decode(line, self._place, number)
+            for slip in slips:
+                message = f"{self._place}:{number}: warning: {slip}"
+                troubles.note(troubles.warnings, f"warning: {slip}", message)
+            answer = characterize(arguments, self._place, number)
         except InputError as error:
             troubles.note(troubles.errors, error.kind, str(error))
-            report = {"line": number, "kind": error.kind, "message": error.what}
-            kept = self._requests.kept_of_bad(line)
-            answer = encoded({"error": report}, self._place, number)
-        return b"{" + kept + b"," + answer[1:] if kept else answer
+            answer = {"error": {"line": number, "kind": error.kind, "message": error.what}}
+            kept = kept or self._requests.kept_of_bad(line)
+        return encoded({**kept, **answer, **kept}, self._place, number)
+
+
+def _is_text(data: bytes) -> bool:
+    try:
+        return data.isascii() or bool(data.decode())
+    except UnicodeDecodeError:
+        return False
+
+
+_encode = msgspec.json.Encoder().encode
 
 
 def encoded(value: Any, place: str, number: int) -> bytes:
     try:
-        return msgspec.json.encode(value)
+        return _encode(value)
     except (UnicodeEncodeError, OverflowError, RecursionError):
         # Lone surrogates and integers of any length are for Python's own encoder.
-        return json_bytes(value, f"{place}:{number}").rstrip()
+        entries = {key: _parsed(entry, place, number) for key, entry in value.items()}
+        return json_bytes(entries, f"{place}:{number}").rstrip()
+
+
+def _parsed(entry: Any, place: str, number: int) -> Any:
+    is_raw = isinstance(entry, msgspec.Raw)
+    return parse_json(bytes(entry), place, number) if is_raw else entry

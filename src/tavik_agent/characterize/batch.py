@@ -7,9 +7,9 @@ from contextlib import contextmanager
 from io import FileIO
 from pathlib import Path
 
+from .answer import Answered, Answerer, Block, Setting
 from .blocks import Source, is_file, source_of, state_of
 from .files import COMPRESSED, InputError, compressed, input_errors_at
-from .jobs import Answered, Block, Setting, answered_in_order
 from .messages import messages_for
 from .output import Output, Progress, Run, Stream, part_of
 from .tables import fingerprint
@@ -27,7 +27,7 @@ def answer_all(
         requests.skip(output.progress.read, output.progress.input)
         with messages_for(state, bar=target != "-") as messages:
             blocks = _numbered(requests.blocks(at_once=at_once), output.progress.lines + 1)
-            for block, answered in answered_in_order(setting, blocks, jobs):
+            for block, answered in _answered(setting, blocks, jobs):
                 for message in output.progress.troubles.add(answered.troubles):
                     messages.tell(message)
                 _keep(output, requests, block, answered)
@@ -41,6 +41,17 @@ def _numbered(blocks: Iterator[bytes], first: int) -> Iterator[Block]:
     for data in blocks:
         yield Block(first, data)
         first += data.count(b"\n")
+
+
+def _answered(
+    setting: Setting, blocks: Iterator[Block], jobs: int
+) -> Iterator[tuple[Block, Answered]]:
+    if jobs > 1:
+        from .jobs import answered_by
+
+        return answered_by(jobs, setting, blocks)
+    answer = Answerer(setting).block
+    return ((block, answer(block)) for block in blocks)
 
 
 def _keep(output: Output, requests: Source, block: Block, answered: Answered) -> None:

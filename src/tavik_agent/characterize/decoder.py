@@ -23,7 +23,6 @@ from .files import InputError
 
 WRONG = re.compile(r"Expected `(.+?)(?: \| null)?`, got `(.+?)`(?: - at `(.+)`)?")
 UNKNOWN = re.compile(r"Object contains unknown field `(.+)`")
-_typed_dict: Any = TypedDict
 
 
 def accepted(hint: Any) -> Any:
@@ -32,8 +31,7 @@ def accepted(hint: Any) -> Any:
     if hint in (object, Any):
         return Any
     if is_typeddict(hint):
-        fields = {name: accepted(field) for name, field in get_type_hints(hint).items()}
-        hint = _typed_dict(hint.__name__, fields, total=False)
+        hint = _typed_dict(hint.__name__, accepted_fields(hint), total=False)
     elif origin is Literal:
         hint = str
     elif origin in (list, Iterable):
@@ -45,27 +43,37 @@ def accepted(hint: Any) -> Any:
     return hint | None
 
 
-def convert(value: Any, hint: Any, place: str, path: str) -> None:
-    """Checks a value that was decoded before."""
-    try:
-        msgspec.convert(value, hint)
-    except msgspec.ValidationError as error:
-        raise wrong_entry(error, place, path) from None
+def accepted_fields(hint: Any) -> dict[str, Any]:
+    return {name: accepted(field) for name, field in get_type_hints(hint).items()}
 
 
-def wrong_entry(error: msgspec.ValidationError, place: str, path: str = "$") -> InputError:
-    """What msgspec found wrong in the value at that path, with the path in front."""
+def struct(name: str, fields: dict[str, Any], *, closed: bool) -> type[msgspec.Struct]:
+    """An object whose entries may be left out; a closed one has no others."""
+    optional = [(field, hint, None) for field, hint in fields.items()]
+    return msgspec.defstruct(name, optional, forbid_unknown_fields=closed, gc=False)
+
+
+_typed_dict: Any = TypedDict
+
+
+def wrong_entry(
+    error: msgspec.ValidationError,
+    place: str,
+    hint: type[msgspec.Struct],
+    path: str = "$",
+    kind: str = "",
+) -> InputError:
+    """What msgspec found wrong in a value of that type at that path, by the path of the entry."""
     text = str(error)
     if found := WRONG.fullmatch(text):
         expected, got, at = found.groups()
-        path += (at or "$").removeprefix("$")
-        return InputError(place, f"{path}: expected {expected}, got {got}", kind=kind_of(path))
-    if found := UNKNOWN.fullmatch(text):
-        return InputError(place, f"{path}: unknown entry {found[1]!r}", kind="unknown entry")
-    what, _, at = text.partition(" - at ")
-    path += at.strip("`").removeprefix("$")
-    return InputError(place, f"{path}: {what[0].lower()}{what[1:]}", kind=kind_of(path))
-
-
-def kind_of(path: str) -> str:
-    return f"wrong entry {re.sub(r'\[\d+\]', '[]', path)}"
+        what, at = f"expected {expected}, got {got}", at or "$"
+    elif found := UNKNOWN.fullmatch(text):
+        what, at = f"unknown entry {found[1]!r}; expected {', '.join(hint.__struct_fields__)}", "$"
+        return InputError(place, f"{path}: {what}", kind="unknown entry")
+    else:
+        what, _, at = text.partition(" - at ")
+        what, at = what[:1].lower() + what[1:], at.strip("`") or "$"
+    at = at.removeprefix("$")
+    kind = f"wrong entry {kind or path}{re.sub(r'\[\d+\]', '[]', at)}"
+    return InputError(place, f"{path}{at}: {what}", kind=kind)

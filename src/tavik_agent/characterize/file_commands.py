@@ -10,12 +10,13 @@ from .batch import answer_all
 
 
 @click.command()
-@click.argument("source", metavar="IN")
+@click.argument("source", metavar="IN", type=click.Path())
 @click.option(
     "-o",
     "--output",
     "target",
     metavar="OUT",
+    type=click.Path(),
     default="-",
     help="A new file, complete when it appears; standard output when left out.",
 )

@@ -4,7 +4,6 @@ it ends, since nobody writes to their standard input then.
 """
 
 import os
-import signal
 import subprocess
 import sys
 from collections import deque
@@ -12,63 +11,22 @@ from collections.abc import Callable, Iterable, Iterator
 from concurrent.futures import Future, ThreadPoolExecutor
 from contextlib import ExitStack, contextmanager
 from queue import SimpleQueue
-from typing import IO, Any
 
 import msgspec
 
-from .answer import Answerer, Troubles
-from .files import InputError, compressed
+from . import worker
+from .answer import Answered, Block, Setting
+from .files import InputError
+from .worker import received, send
 
 UNDER_WAY = 2  # blocks for each process
-LENGTH = 8  # bytes of the length in front of a message
 OWN_GROUP = 0 if hasattr(os, "setpgid") else None  # Ctrl-C is for the process that asks
 
 
-class Setting(msgspec.Struct):
-    """What is the same for all blocks; the suffix is that of the output."""
-
-    place: str
-    keep: list[str]
-    suffix: str
-
-
-class Block(msgspec.Struct):
-    """Lines of requests, of which the first has that number."""
-
-    first: int
-    data: bytes
-
-
-class Answered(msgspec.Struct):
-    """The output for a block."""
-
-    data: bytes
-    lines: int
-    troubles: Troubles
-
-
-def answerer(setting: Setting) -> Callable[[Block], Answered]:
-    answer = Answerer(setting.place, tuple(setting.keep)).block
-
-    def answered(block: Block) -> Answered:
-        lines = block.data.split(b"\n")
-        if not lines[-1]:
-            lines.pop()
-        troubles = Troubles()
-        data = compressed(answer(lines, block.first, troubles), setting.suffix)
-        return Answered(data, len(lines), troubles)
-
-    return answered
-
-
-def answered_in_order(
-    setting: Setting, blocks: Iterable[Block], jobs: int
+def answered_by(
+    jobs: int, setting: Setting, blocks: Iterable[Block]
 ) -> Iterator[tuple[Block, Answered]]:
-    """Each block with its answers; the first process is this one when it is the only one."""
-    if jobs == 1:
-        answer = answerer(setting)
-        yield from ((block, answer(block)) for block in blocks)
-        return
+    """Each block with its answers, by so many processes."""
     with _processes(setting, jobs) as ask, ThreadPoolExecutor(jobs) as threads:
         under_way: deque[tuple[Block, Future[Answered]]] = deque()
         try:
@@ -77,8 +35,7 @@ def answered_in_order(
                 if len(under_way) == UNDER_WAY * jobs:
                     first, answered = under_way.popleft()
                     yield first, answered.result()
-            while under_way:
-                first, answered = under_way.popleft()
+            for first, answered in under_way:
                 yield first, answered.result()
         finally:
             threads.shutdown(cancel_futures=True)
@@ -98,7 +55,7 @@ def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answer
 
     with ExitStack() as processes:
         for _ in range(jobs):
-            command = [sys.executable, "-m", __name__]
+            command = [sys.executable, "-m", worker.__name__]
             process = subprocess.Popen(
                 command,
                 stdin=subprocess.PIPE,
@@ -106,44 +63,15 @@ def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answer
                 process_group=OWN_GROUP,
             )
             idle.put(processes.enter_context(process))
-            _send(process.stdin, setting)
+            send(process.stdin, setting)
         yield ask
 
 
 def _asked(process: subprocess.Popen[bytes], block: Block) -> Answered:
     try:
-        _send(process.stdin, block)
-        if message := _received(process.stdout):
+        send(process.stdin, block)
+        if message := received(process.stdout):
             return msgspec.msgpack.decode(message, type=Answered)
     except OSError:
         pass  # it has ended
     raise InputError("a process of --jobs", f"ended with status {process.wait()}")
-
-
-def _send(pipe: IO[bytes] | None, message: Any) -> None:
-    assert pipe is not None
-    data = msgspec.msgpack.encode(message)
-    pipe.write(len(data).to_bytes(LENGTH) + data)
-    pipe.flush()
-
-
-def _received(pipe: IO[bytes] | None) -> bytes:
-    """The next message, empty when there is none any more."""
-    assert pipe is not None
-    length = int.from_bytes(pipe.read(LENGTH))
-    data = pipe.read(length)
-    return data if len(data) == length else b""
-
-
-def main() -> None:
-    """Answers the blocks that come in."""
-    if hasattr(signal, "SIGPIPE"):
-        signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # nobody waits for the answer any more
-    requests, answers = sys.stdin.buffer, sys.stdout.buffer
-    answer = answerer(msgspec.msgpack.decode(_received(requests), type=Setting))
-    while message := _received(requests):
-        _send(answers, answer(msgspec.msgpack.decode(message, type=Block)))
-
-
-if __name__ == "__main__":
-    main()

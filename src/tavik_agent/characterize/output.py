@@ -4,7 +4,6 @@ A lock on that file keeps a second writer out. A file of anybody else is never t
 """
 
 import os
-import zlib
 from collections.abc import Iterator
 from contextlib import contextmanager
 from io import FileIO
@@ -19,8 +18,6 @@ try:
     import fcntl
 except ImportError:  # Windows, where nothing keeps a second writer out
     fcntl = None  # type: ignore[assignment]
-
-PIECE = 1 << 20
 
 
 class Run(msgspec.Struct, forbid_unknown_fields=True, tag="tavik-characterize batch"):
@@ -37,7 +34,6 @@ class Progress(msgspec.Struct, forbid_unknown_fields=True):
     read: int = 0
     input: str = ""  # digest of what was read
     written: int = 0
-    output: int = 0  # checksum of what was written
     troubles: Troubles = msgspec.field(default_factory=Troubles)
 
 
@@ -86,7 +82,6 @@ class Part:
                 raise _foreign_part(self._name)
             _write(self._file, data[len(there) :])
         now.written += len(data)
-        now.output = zlib.crc32(data, now.output)
 
     def save(self) -> None:
         with input_errors_at(self._name):
@@ -121,7 +116,7 @@ def part_of(target: str, run: Run, *, resume: bool) -> Iterator[Part]:
         with FileIO(log_name, "ab+") as log:
             _lock(log, log_name, target)
             with _opened_part(name, log, log_name, run, resume=resume) as file:
-                part = Part(file, log, name, _progress(file, log, name))
+                part = Part(file, log, name, _progress(file, log))
                 try:
                     yield part
                     part.close()
@@ -190,29 +185,22 @@ def _opened_part(name: str, log: FileIO, log_name: str, run: Run, *, resume: boo
     return FileIO(name, "rb+")
 
 
-def _progress(file: FileIO, log: FileIO, name: str) -> Progress:
-    """The last progress whose output is there; what was noted after it is taken back."""
+def _progress(file: FileIO, log: FileIO) -> Progress:
+    """The last progress but one. The block behind it is answered once more, and what stands there
+    must be its answer: so the part is known for that of the earlier run.
+    """
     size = os.fstat(file.fileno()).st_size
-    found = Progress()
     log.seek(0)
     header, *lines = (log.readall() or b"").splitlines(keepends=True)
-    end = len(header)
+    known = [(Progress(), len(header))]
     for line in lines:
         later = _decoded(line, Progress)
         if later is None or later.written > size:
             break
-        if _checksum(file, later.written - found.written, found.output) != later.output:
-            raise _foreign_part(name)
-        found, end = later, end + len(line)
+        known.append((later, known[-1][1] + len(line)))
+    progress, end = known[max(len(known) - 2, 0)]
     log.truncate(end)
-    return found
-
-
-def _checksum(file: FileIO, size: int, checksum: int) -> int:
-    while size and (piece := file.read(min(size, PIECE))):
-        checksum = zlib.crc32(piece, checksum)
-        size -= len(piece)
-    return checksum
+    return progress
 
 
 def _decoded[T](line: bytes, kind: type[T]) -> T | None:

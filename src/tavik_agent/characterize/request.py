@@ -2,132 +2,188 @@
 made, so that a wrong entry is reported by its path. A null means that the entry was left out.
 """
 
-from collections.abc import Mapping
+import json
+from collections.abc import Iterable, Mapping
 from contextlib import suppress
-from difflib import get_close_matches
 from functools import lru_cache
-from typing import Any, TypedDict, get_type_hints
+from typing import Any, NamedTuple, Required, TypedDict, get_type_hints
 
 import msgspec
 from tavik_agent.characterization_types import (
     CharacterizationRecord,
+    KnownStepParameters,
     PlannerManifest,
     QueryIntent,
-    StepParameters,
 )
 
 from tavik_agent.material_characterization import characterize_material
 
-from .decoder import accepted, convert, wrong_entry
-from .files import InputError, json_bytes, parse_json
+from .decoder import accepted_fields, struct, wrong_entry
+from .files import InputError, parse_json
 from .nulls import without_nulls
 
 
 class Request(TypedDict, total=False):
     """The arguments of one call, which characterizes the material of one planning step."""
 
-    step: str
-    step_params: StepParameters
+    step: Required[str]
+    """The name of the planning step, for example relax."""
+    step_params: KnownStepParameters
+    """The parameters of the step."""
     query_text: str
+    """The user's request, unabridged."""
     findings: list[object]
+    """What was found so far, as texts."""
     planner_manifest: PlannerManifest
-    previous_steps_params: Mapping[str, StepParameters]
+    """The texts of the plan."""
+    previous_steps_params: Mapping[str, KnownStepParameters]
+    """The parameters of earlier steps by their names, in the order of the plan."""
     base_characterization: CharacterizationRecord
+    """The record of an earlier step, to merge the new one into."""
     query_intent: QueryIntent
+    """What a language model extracted from the query."""
 
 
 ARGUMENTS = get_type_hints(Request)
-# Decoded whole, since an unknown key of the one may be a slip and those of the other are kept.
-WHOLE = {name: accepted(ARGUMENTS[name]) for name in ("base_characterization", "query_intent")}
-INTENT_KEYS = get_type_hints(QueryIntent).keys()
-NEAR = 0.75  # the ratio of two keys from which one is taken for a slip of the other
+# Decoded whole: an unknown key of the intent may be a slip, one of an earlier record is kept.
+WHOLE = dict.fromkeys(("base_characterization", "query_intent"), dict[str, Any] | None)
+INTENT = accepted_fields(QueryIntent)
+KNOWN_INTENT = struct("query_intent", INTENT, closed=True)
+ANY_INTENT = struct("query_intent", INTENT, closed=False)
+EARLIER_RECORD = struct("record", accepted_fields(CharacterizationRecord), closed=False)
+STEP = struct("step", accepted_fields(KnownStepParameters), closed=False)
+NEAR = 0.75  # how alike two keys are when one is taken for a slip of the other
+
+
+NULL = msgspec.Raw(b"null")
+
+
+class Decoded(NamedTuple):
+    arguments: dict[str, Any]  # an entry that was left out is None
+    kept: dict[str, Any]  # what was asked to be kept of the request
+    slips: list[str]  # what to warn of: keys near a known one
 
 
 class RequestDecoder:
-    """Decodes and checks requests that may have, beside the arguments, the entries to keep."""
+    """Decodes and checks requests, which may have entries to be kept beside the arguments."""
 
-    def __init__(self, kept: tuple[str, ...] = ()) -> None:
-        self.kept = kept
-        self._beside = [name for name in kept if name not in ARGUMENTS]
-        fields: list[tuple[str, Any, Any]] = [
-            (name, dict[str, Any] | None if name in WHOLE else accepted(hint), None)
-            for name, hint in ARGUMENTS.items()
-        ]
-        fields += [(name, msgspec.Raw, msgspec.Raw()) for name in self._beside]
-        struct = msgspec.defstruct("Request", fields, forbid_unknown_fields=True, gc=False)
-        self._decoder = msgspec.json.Decoder(struct)
+    def __init__(self, keep: Iterable[str] = ()) -> None:
+        self.keep = tuple(keep)
+        self._beside = [name for name in self.keep if name not in ARGUMENTS]
+        fields = accepted_fields(Request) | WHOLE | dict.fromkeys(self._beside, msgspec.Raw)
+        self._request = struct("Request", fields, closed=True)
+        self._decode = msgspec.json.Decoder(self._request).decode
 
-    def decode(
-        self, line: bytes, place: str, number: int | None = None
-    ) -> tuple[dict[str, Any], bytes]:
-        """The checked arguments without nulls, and the kept entries as they stood, in JSON."""
+    def decode(self, line: bytes, place: str, number: int | None = None) -> Decoded:
         try:
-            if not line.isascii():
-                line.decode()  # msgspec does not look at text that is not asked for
-            request = self._decoder.decode(line)
-        except msgspec.ValidationError as error:
-            raise wrong_entry(error, line_of(place, number)) from None
+            line.decode()  # msgspec passes over text that nobody asked for
+            request = self._decode(line)
         except (msgspec.DecodeError, UnicodeDecodeError, RecursionError):
-            # Python's own decoder takes lone surrogates, and says where JSON is wrong.
-            value = parse_json(line, place, number or 1)
-            return self.check(value, place, number), self._kept_in(value)
-        arguments = _checked(request, place, number, has_nulls=b"null" in line)
-        return arguments, self._kept_raw(request) if self.kept else b""
+            # Python's own decoder takes lone surrogates, and the whole value tells what is wrong.
+            return self.check(parse_json(line, place, number or 1), place, number)
+        given = msgspec.structs.asdict(request)
+        kept = {name: given[name] for name in self.keep if given[name] not in (None, NULL)}
+        for name in self._beside:
+            del given[name]
+        slips = _check_whole(given, place, number)
+        return Decoded(without_nulls(given) if b"null" in line else given, kept, slips)
 
-    def check(self, value: Any, place: str, number: int | None = None) -> dict[str, Any]:
-        """The arguments in a value that was decoded before, checked and without nulls."""
+    def record_of_plain(self, line: bytes) -> Mapping[str, Any]:
+        """The record of a request in UTF-8, without nulls, and with nothing else that needs care;
+        for any other an error of some kind.
+        """
+        request: Any = self._decode(line)
+        if request.step is None:
+            raise KeyError("step")
+        if request.query_intent:
+            msgspec.convert(request.query_intent, KNOWN_INTENT)
+        if request.base_characterization:
+            msgspec.convert(request.base_characterization, EARLIER_RECORD)
+        record: Mapping[str, Any] = characterize_material(
+            step=request.step,
+            step_params=request.step_params,
+            query_text=request.query_text,
+            findings=request.findings,
+            planner_manifest=request.planner_manifest,
+            previous_steps_params=request.previous_steps_params,
+            base_characterization=request.base_characterization,
+            query_intent=request.query_intent,
+        )
+        if self.keep:
+            values = {name: getattr(request, name) for name in self.keep}
+            kept = {name: value for name, value in values.items() if value is not None}
+            return {**kept, **record, **kept}
+        return record
+
+    def check(self, value: Any, place: str, number: int | None = None) -> Decoded:
+        """The same of a value that was decoded before."""
+        kept = self._kept(value)
         if isinstance(value, dict):
             value = {name: value[name] for name in value if name not in self._beside}
         try:
-            request = msgspec.convert(value, self._decoder.type)
+            request = msgspec.convert(value, self._request)
         except msgspec.ValidationError as error:
-            raise wrong_entry(error, line_of(place, number)) from None
-        return _checked(request, place, number, has_nulls=True)
+            raise _wrong_request(error, value, self._request, line_of(place, number)) from None
+        given = msgspec.structs.asdict(request)
+        slips = _check_whole(given, place, number)
+        return Decoded(without_nulls(given), kept, slips)
 
-    def kept_of_bad(self, line: bytes) -> bytes:
-        """The kept entries of a line that is no good request, as far as it is JSON."""
+    def kept_of_bad(self, line: bytes) -> dict[str, Any]:
+        """What is to be kept of a line that is no good request, as far as it is JSON."""
         with suppress(InputError):
-            if self.kept:
-                return self._kept_in(parse_json(line, ""))
-        return b""
+            return self._kept(parse_json(line, "")) if self.keep else {}
+        return {}
 
-    def _kept_raw(self, request: Any) -> bytes:
-        values = {name: getattr(request, name) for name in self.kept}
-        return b",".join(
-            b"%b:%b" % (msgspec.json.encode(name), msgspec.json.encode(value))
-            for name, value in values.items()
-            if value is not None and value not in (b"", b"null")
-        )
-
-    def _kept_in(self, value: Any) -> bytes:
+    def _kept(self, value: Any) -> dict[str, Any]:
         if not isinstance(value, dict):
-            return b""
-        values = {name: value[name] for name in self.kept if value.get(name) is not None}
-        return json_bytes(values, "")[1:-2]
+            return {}
+        return {name: value[name] for name in self.keep if value.get(name) is not None}
 
-    @staticmethod
-    def slips(arguments: Mapping[str, Any]) -> list[str]:
-        """What to warn of: a key of the intent that is near a known one but not it."""
-        intent = arguments.get("query_intent")
-        if not intent or intent.keys() <= INTENT_KEYS:
-            return []
-        near = [(key, _near(key)) for key in intent if key not in INTENT_KEYS]
-        return [f"$.query_intent: {key!r} is not read, but {it} is" for key, it in near if it]
+
+def _wrong_request(
+    error: msgspec.ValidationError, value: Any, hint: type[msgspec.Struct], place: str
+) -> InputError:
+    """The error of an earlier step by the step's name, which msgspec does not tell."""
+    if "previous_steps_params[...]" in str(error):
+        for name, parameters in value["previous_steps_params"].items():
+            try:
+                msgspec.convert(parameters or {}, STEP)
+            except msgspec.ValidationError as wrong:
+                path = f"$.previous_steps_params[{json.dumps(name)}]"
+                return wrong_entry(wrong, place, STEP, path, kind="$.previous_steps_params[]")
+    return wrong_entry(error, place, hint)
+
+
+def _check_whole(given: dict[str, Any], place: str, number: int | None) -> list[str]:
+    name = "query_intent"
+    found = []
+    try:
+        if given[name]:
+            try:
+                msgspec.convert(given[name], KNOWN_INTENT)
+            except msgspec.ValidationError:
+                msgspec.convert(given[name], ANY_INTENT)
+                found = slips(given[name])
+        name = "base_characterization"
+        if given[name]:
+            msgspec.convert(given[name], EARLIER_RECORD)
+    except msgspec.ValidationError as error:
+        raise wrong_entry(error, line_of(place, number), ANY_INTENT, f"$.{name}") from None
+    return found
+
+
+def slips(intent: Iterable[str]) -> list[str]:
+    """A warning for each key that is near a known one but not it."""
+    near = [(key, _near(key)) for key in intent if key not in INTENT]
+    return [f"$.query_intent: {key!r} is not read, but {known} is" for key, known in near if known]
 
 
 @lru_cache(1000)
 def _near(key: str) -> str | None:
     """The known key that was probably meant."""
-    return next(iter(get_close_matches(key.lower(), INTENT_KEYS, 1, NEAR)), None)
+    from difflib import get_close_matches
 
-
-def _checked(request: Any, place: str, number: int | None, *, has_nulls: bool) -> dict[str, Any]:
-    given = msgspec.structs.asdict(request)
-    arguments = {name: given[name] for name in ARGUMENTS if given[name] is not None}
-    for name, hint in WHOLE.items():
-        if name in arguments:
-            convert(arguments[name], hint, line_of(place, number), f"$.{name}")
-    return without_nulls(arguments) if has_nulls else arguments
+    return next(iter(get_close_matches(key.lower(), INTENT, 1, NEAR)), None)
 
 
 def line_of(place: str, number: int | None) -> str:
@@ -135,20 +191,27 @@ def line_of(place: str, number: int | None) -> str:
 
 
 _plain = RequestDecoder()
-check = _plain.check
-slips = _plain.slips
 
 
 def decode_request(data: bytes, place: str, number: int | None = None) -> dict[str, Any]:
     """The checked arguments in a line of a place, or in all of it, without nulls."""
-    return _plain.decode(data, place, number)[0]
+    return _given(_plain.decode(data, place, number))
+
+
+def check(value: Any, place: str) -> dict[str, Any]:
+    """The same of a value that was decoded before."""
+    return _given(_plain.check(value, place))
+
+
+def _given(decoded: Decoded) -> dict[str, Any]:
+    return {name: value for name, value in decoded.arguments.items() if value is not None}
 
 
 def characterize(
     arguments: Mapping[str, Any], place: str, number: int | None = None
 ) -> Mapping[str, Any]:
     """The record of checked arguments."""
-    if "step" not in arguments:
+    if arguments.get("step") is None:
         what = "$.step: expected the name of the planning step"
         raise InputError(line_of(place, number), what, kind="no step")
     try:
