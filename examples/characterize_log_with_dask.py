@@ -29,6 +29,7 @@ from dask.utils import parse_bytes
 from tavik_agent.characterize.answer import Answerer, Block, Setting
 
 OPENERS = {".gz": gzip.open, ".zst": zstd.open}
+USAGE = "%(prog)s LOG FOLDER [--scheduler ADDRESS | --workers N] [--block SIZE]"
 PIECES_A_WORKER = 4
 SMALLEST, LARGEST = 2**18, 2**26
 LINES_AT_ONCE = 2000
@@ -85,7 +86,7 @@ def answer_piece(piece: Piece, first: int, target: str) -> dict[str, Any]:
     answerer = Answerer(Setting(piece.file.path))
     lines = errors = 0
     with fsspec.open(target, "wb") as out:
-        for some in batched(lines_of(piece), LINES_AT_ONCE):
+        for some in batched(lines_of(piece), LINES_AT_ONCE, strict=False):
             answered = answerer.block(Block(first + lines, b"".join(some)))
             out.write(answered.data)
             lines += answered.lines
@@ -133,7 +134,7 @@ def first_lines(pieces: Sequence[Piece], counts: Sequence[int]) -> Iterator[int]
 
 
 def main() -> int:
-    parser = argparse.ArgumentParser(description="Characterize a log of requests with Dask.")
+    parser = argparse.ArgumentParser(usage=USAGE)
     parser.add_argument("log")
     parser.add_argument("folder")
     parser.add_argument("--scheduler", help="address of a running cluster")
