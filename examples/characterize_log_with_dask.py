@@ -73,7 +73,7 @@ def pieces_of(files: Sequence[Any], size: int) -> Iterator[Piece]:
 
 def piece_size(files: Sequence[Any], workers: int) -> int:
     """A few pieces for each worker, neither too small for a task nor too long to do again."""
-    length = sum(file.fs.size(file.path) for file in files)
+    length: int = sum(file.fs.size(file.path) for file in files)
     return min(max(length // (PIECES_A_WORKER * workers), SMALLEST), LARGEST)
 
 

@@ -2,10 +2,12 @@
 
 import gzip
 import json
+import re
 import subprocess
 import sys
 from pathlib import Path
 
+import polars
 import pytest
 from backports import zstd
 from reliability.generate import REQUESTS
@@ -140,3 +142,24 @@ def test_dask_job_tells_what_is_wrong(words, message, tmp_path):
     assert message in done.stderr
     assert done.stderr.count("\n") == 1 + ("usage" in done.stderr)
     assert not (tmp_path / "new" / "complete.json").exists()
+
+
+@pytest.mark.parametrize("kind", ["parquet", "ipc"])
+def test_tables_of_polars(kind, tmp_path):
+    # A column has one type.
+    fit = [line for line in LOG.splitlines() if not re.search(rb'xyz|"element": \{', line)]
+    requests = [json.loads(line) for line in fit]
+    assert len(requests) > 2000
+    path = tmp_path / "requests"
+    getattr(polars.DataFrame(requests, infer_schema_length=None), f"write_{kind}")(path)
+    document = (EXAMPLES.parent / "docs" / "scale.md").read_text(encoding="utf-8")
+    script = re.search(r"^```python\n(import polars.*?)^```", document, re.MULTILINE | re.DOTALL)[1]
+    assert len(script.splitlines()) <= 10
+    namespace = {}
+    exec(script, namespace)
+    table = getattr(polars, f"read_{kind}")(path)
+    answered = namespace["answer"](table)
+    answered.write_parquet(tmp_path / "records")
+    expected = [mc.characterize_material(**request) for request in requests]
+    assert polars.read_parquet(tmp_path / "records").to_dicts() == expected
+    assert [*table.iter_rows(named=True)] != requests  # nulls were filled in

@@ -36,8 +36,8 @@ def counts(heading: str, rows: Iterable[tuple[Any, int]], total: int) -> Table:
     """A row with a bar for each value and how often it came, out of the total."""
     table = grid()
     table.add_column(heading, overflow="fold", min_width=26)
-    table.add_column("", justify="right", no_wrap=True)
-    table.add_column("", justify="right", no_wrap=True)
+    table.add_column("", justify="right", no_wrap=True, min_width=9)
+    table.add_column("", justify="right", no_wrap=True, min_width=6)
     table.add_column("", no_wrap=True)
     for value, times in rows:
         add_count(table, value, times, total)
