@@ -8,9 +8,16 @@ import subprocess
 import sys
 from importlib.metadata import version
 from pathlib import Path
+from typing import get_args
 
+import jsonschema
 import pytest
 from reliability.generate import REQUESTS
+from tavik_agent.characterization_types import (
+    IntentComplexity,
+    IntentCorrelation,
+    IntentMagnetism,
+)
 
 from tavik_agent import material_characterization as mc
 from tavik_agent.characterize import PACKAGE
@@ -246,6 +253,34 @@ def test_completion(words, completed, capfd, monkeypatch):
     monkeypatch.setenv("COMP_CWORD", str(len(words.split())))
     assert run([]) == 0
     assert capfd.readouterr().out == completed
+
+
+WORDS = {"correlation": get_args(IntentCorrelation), "magnetism": get_args(IntentMagnetism)}
+WORDS |= {"complexity_hint": get_args(IntentComplexity)}
+
+
+def test_schemas(capfd):
+    validators = {}
+    for kind in ("request", "intent", "record"):
+        assert run(["schema", kind]) == 0
+        schema = json.loads(capfd.readouterr().out)
+        jsonschema.Draft202012Validator.check_schema(schema)
+        assert "$ref" not in json.dumps(schema)
+        assert all(entry["description"] for entry in schema["properties"].values())
+        validators[kind] = jsonschema.Draft202012Validator(schema)
+    for row in REQUESTS:
+        inputs = {key: value for key, value in row.items() if key not in ("expect", "query")}
+        intent = inputs.get("query_intent", {})
+        if not {intent[key] for key in WORDS if key in intent} <= {None}.union(*WORDS.values()):
+            continue  # another spelling, or a word that decides nothing: no model should send it
+        request = {"step": "a", "query_text": row.get("query")} | inputs
+        validators["request"].validate(request)
+        validators["intent"].validate(request.get("query_intent", {}))
+        validators["record"].validate(mc.characterize_material(**requests.check(request, "")))
+    for wrong in ({"correlation": "hubbard"}, {"corelation": "hybrid"}, {"species": "Fe"}):
+        assert not validators["intent"].is_valid(wrong)
+        assert not validators["request"].is_valid({"step": "a", "query_intent": wrong})
+    assert not validators["request"].is_valid({"query_text": "NiO"})
 
 
 WITHOUT_CLICK = """

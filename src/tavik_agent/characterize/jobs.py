@@ -27,12 +27,13 @@ def answered_by(
     jobs: int, setting: Setting, blocks: Iterable[Block]
 ) -> Iterator[tuple[Block, Answered]]:
     """Each block with its answers, by so many processes."""
+    most = UNDER_WAY * jobs
     with _processes(setting, jobs) as ask, ThreadPoolExecutor(jobs) as threads:
         under_way: deque[tuple[Block, Future[Answered]]] = deque()
         try:
             for block in blocks:
                 under_way.append((block, threads.submit(ask, block)))
-                if len(under_way) == UNDER_WAY * jobs:
+                while under_way and (len(under_way) == most or under_way[0][1].done()):
                     first, answered = under_way.popleft()
                     yield first, answered.result()
             for first, answered in under_way:

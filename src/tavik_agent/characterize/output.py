@@ -66,8 +66,8 @@ class Part:
     beginning of what is written now.
     """
 
-    def __init__(self, file: FileIO, log: FileIO, name: str, progress: Progress) -> None:
-        self.progress = progress
+    def __init__(self, file: FileIO, log: FileIO, name: str) -> None:
+        self.progress, self._log_end = _progress(file, log)
         self._file = file
         self._log = log
         self._name = name
@@ -85,7 +85,10 @@ class Part:
 
     def save(self) -> None:
         with input_errors_at(self._name):
-            _write(self._log, msgspec.json.encode(self.progress) + b"\n")
+            self._log.truncate(self._log_end)
+            line = msgspec.json.encode(self.progress) + b"\n"
+            _write(self._log, line)
+            self._log_end += len(line)
 
     def close(self) -> None:
         """Makes sure that the whole output is on the disk, and nothing else is in it."""
@@ -116,7 +119,7 @@ def part_of(target: str, run: Run, *, resume: bool) -> Iterator[Part]:
         with FileIO(log_name, "ab+") as log:
             _lock(log, log_name, target)
             with _opened_part(name, log, log_name, run, resume=resume) as file:
-                part = Part(file, log, name, _progress(file, log))
+                part = Part(file, log, name)
                 try:
                     yield part
                     part.close()
@@ -185,9 +188,9 @@ def _opened_part(name: str, log: FileIO, log_name: str, run: Run, *, resume: boo
     return FileIO(name, "rb+")
 
 
-def _progress(file: FileIO, log: FileIO) -> Progress:
-    """The last progress but one. The block behind it is answered once more, and what stands there
-    must be its answer: so the part is known for that of the earlier run.
+def _progress(file: FileIO, log: FileIO) -> tuple[Progress, int]:
+    """The last progress but one, and where its line ends. The block behind it is answered once
+    more, and what stands there must be its answer: so the part is known to be the earlier run's.
     """
     size = os.fstat(file.fileno()).st_size
     log.seek(0)
@@ -198,9 +201,7 @@ def _progress(file: FileIO, log: FileIO) -> Progress:
         if later is None or later.written > size:
             break
         known.append((later, known[-1][1] + len(line)))
-    progress, end = known[max(len(known) - 2, 0)]
-    log.truncate(end)
-    return progress
+    return known[max(len(known) - 2, 0)]
 
 
 def _decoded[T](line: bytes, kind: type[T]) -> T | None:

@@ -80,7 +80,8 @@ class RequestDecoder:
             request = self._decode(line)
         except (msgspec.DecodeError, UnicodeDecodeError, RecursionError):
             # Python's own decoder takes lone surrogates, and the whole value tells what is wrong.
-            return self.check(parse_json(line, place, number or 1), place, number)
+            value = parse_json(line.rstrip(b"\r\n"), place, number or 1)
+            return self.check(value, place, number)
         given = msgspec.structs.asdict(request)
         kept = {name: given[name] for name in self.keep if given[name] not in (None, NULL)}
         for name in self._beside:
