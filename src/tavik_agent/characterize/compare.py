@@ -119,6 +119,8 @@ def _changes(before: Answer, after: Answer) -> Iterator[Change]:
             was, is_now = (written(side.failure or "answered") for side in (before, after))
             yield Change("error", was, is_now)
         return
+    if before.record == after.record:
+        return
     for name in before.record | after.record:
         old, new = before.record.get(name, ""), after.record.get(name, "")
         if name not in ACCOUNT and old != new:
@@ -146,8 +148,8 @@ def comparison_parts(
 
 def _transitions(name: str, transitions: Counter[Change], limit: int | None) -> RenderableType:
     table = grid()
-    table.add_column(f"{written(name)}, from", overflow="fold", min_width=28)
-    table.add_column("to", overflow="fold", min_width=24)
+    table.add_column(f"{written(name)}, from", overflow="fold", min_width=20)
+    table.add_column("to", overflow="fold", min_width=20)
     table.add_column(f"{transitions.total():,}", justify="right", no_wrap=True)
     for change, times in transitions.most_common(limit):
         table.add_row(Text(change.before, "red"), Text(change.after, "green"), f"{times:,}")

@@ -24,12 +24,13 @@ class Bar(NamedTuple):
     share: float
 
     def __rich_measure__(self, console: Console, options: ConsoleOptions) -> Measurement:
-        return Measurement(BAR_CELLS, BAR_CELLS)
+        return Measurement(BAR_CELLS // 3, BAR_CELLS).with_maximum(options.max_width)
 
     def __rich_console__(self, console: Console, options: ConsoleOptions) -> RenderResult:
-        cells = round(BAR_CELLS * self.share) or (1 if self.share else 0)
+        cells = min(BAR_CELLS, options.max_width)
+        done = round(cells * self.share) or (1 if self.share else 0)
         full, rest = "#." if options.ascii_only else "█░"
-        yield Text.assemble((full * cells, "cyan"), (rest * (BAR_CELLS - cells), "dim"))
+        yield Text.assemble((full * done, "cyan"), (rest * (cells - done), "dim"))
 
 
 def counts(heading: str, rows: Iterable[tuple[Any, int]], total: int) -> Table:

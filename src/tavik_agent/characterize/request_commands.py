@@ -49,6 +49,7 @@ def _words(hint: Any) -> list[str]:
 Other commands; a QUERY that begins with such a word or with "-" goes behind "--":
   {NAME} batch    answer a file of requests
   {NAME} compare  show which labels changed between two runs
+  {NAME} summary  sum up a run: labels, undecided fields, errors
   {NAME} schema   print the JSON Schema of a request, an intent or a record
 
 \b

@@ -4,6 +4,7 @@ from collections.abc import Iterator
 from itertools import takewhile
 from typing import Any, NamedTuple, get_type_hints
 
+import msgspec
 from tavik_agent.characterization_types import CharacterizationRecord
 
 from .files import InputError, input_place, parse_json, read_lines
@@ -34,28 +35,36 @@ class Answer(NamedTuple):
 def read_run(path: str) -> Iterator[Answer]:
     place = input_place(path)
     for number, line in enumerate(read_lines(path), 1):
-        value = parse_json(line.rstrip(b"\r\n"), place, number)
+        value = _decoded(line, place, number)
         answer = _answer(number, value) if isinstance(value, dict) else None
         if answer is None:
             raise InputError(f"{place}:{number}", "expected a record or an error object")
         yield answer
 
 
+def _decoded(line: bytes, place: str, number: int) -> Any:
+    try:
+        return msgspec.json.decode(line)
+    except (msgspec.DecodeError, UnicodeDecodeError, RecursionError):
+        # Python's own decoder takes lone surrogates, and says where JSON is wrong.
+        return parse_json(line.rstrip(b"\r\n"), place, number)
+
+
 def _answer(number: int, value: dict[str, Any]) -> Answer | None:
     in_front = takewhile(lambda key: key not in FIELDS and key != "error", value)
     kept = {key: value[key] for key in in_front}
-    record = {key: entry for key, entry in value.items() if key not in kept}
+    record = {key: entry for key, entry in value.items() if key not in kept} if kept else value
     match record:
         case {"error": {"message": str(why)}} if len(record) == 1:
             return Answer(number, kept, {}, why, str(record["error"].get("kind") or why))
-    return Answer(number, kept, record, "", "") if record.keys() >= {*ACCOUNT} else None
+    return Answer(number, kept, record, "", "") if all(key in record for key in ACCOUNT) else None
 
 
 def read_texts(path: str) -> Iterator[str]:
     """The text of each request of a file; nothing for a line that cannot be read."""
     for number, line in enumerate(read_lines(path), 1):
         try:
-            yield _text(parse_json(line.rstrip(b"\r\n"), input_place(path), number))
+            yield _text(_decoded(line, input_place(path), number))
         except InputError:
             yield ""
 
