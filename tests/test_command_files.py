@@ -3,6 +3,7 @@
 import codecs
 import gzip
 import json
+import os
 import signal
 import subprocess
 import sys
@@ -275,6 +276,21 @@ def test_output_that_is_the_input(capfd):
         assert subprocess.run([*BATCH, "in.jsonl"], stdout=file).returncode == 2
     assert "standard output: expected another file than" in capfd.readouterr().err
     assert Path("in.jsonl").read_bytes() == as_lines(GOOD)
+
+
+def test_a_process_that_ends_too_soon(many):
+    words = [*BATCH, "-", "-o", "new", "--jobs", "2"]
+    with subprocess.Popen(words, stdin=subprocess.PIPE, stderr=subprocess.PIPE) as batch:
+        children = Path(f"/proc/{batch.pid}/task/{batch.pid}/children")
+        if not children.exists():
+            batch.kill()
+            pytest.skip("no list of a process's children")
+        while len(workers := children.read_text().split()) < 2:
+            time.sleep(0.01)
+        os.kill(int(workers[0]), signal.SIGKILL)
+        _, said = batch.communicate(Path("in.jsonl").read_bytes())
+    assert batch.returncode == 2
+    assert b": a process of --jobs: ended with status -9" in said
 
 
 def test_bar_on_a_terminal(many, on_terminal):
