@@ -29,6 +29,7 @@ RELAX: StepParameters = {
     "element": [{"species": "Ni"}, {"species": "O"}],
     "atom": {"fracxyz": [["Ni", 0.0, 0.0, 0.0], ["O", 0.5, 0.5, 0.5]]},
     "domain": {"latvec": [[0.0, 2.1, 2.1], [2.1, 0.0, 2.1], [2.1, 2.1, 0.0]]},
+    "kpoints": [6, 6, 6],  # a planner's own
 }
 
 

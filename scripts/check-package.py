@@ -15,7 +15,8 @@ from pathlib import Path, PurePosixPath
 
 ROOT = Path(__file__).parents[1]
 EXAMPLE = ROOT / "examples" / "typed_planner_step.py"
-SOURCE_PACKAGE = {"docs", "examples", "scripts", "src"}
+SOURCE_PACKAGE = {"benchmarks", "docs", "evaluation", "examples", "scripts", "src", "tests"}
+SOURCE_PACKAGE |= {"Makefile", "conftest.py", "requirements.txt", ".clang-format", ".clang-tidy"}
 SOURCE_PACKAGE |= {"CHANGELOG.md", "CMakeLists.txt", "CONTRIBUTING.md", "LICENSE", "PKG-INFO"}
 SOURCE_PACKAGE |= {"README.md", "pyproject.toml"}
 METADATA = ["Name", "Version", "Summary", "Author", "License-Expression", "License-File"]
