@@ -112,17 +112,27 @@ def test_unusual_requests(capfd):
 
 def test_kept_entries_come_first(capfd):
     step = {"step": "a", "query_text": "NiO"}
-    kept = [{"id": 2**70, "query_text": "NiO"}, {"id": {"b": [1.50]}, "query_text": "NiO"}]
-    kept += [{"query_text": "NiO"}, {"id": "x"}, {}, {"id": "\ud800", "query_text": "NiO"}]
-    lines = as_lines([step | {"id": 2**70}, step | kept[1], step | {"id": None}])
-    lines += as_lines([{"step": 1, "id": "x"}, 3, step | kept[5]])
-    lines += as_lines([{"id": 1, "step": "a", "base_characterization": {"id": 2, "evidence": []}}])
+    kept = [
+        {"-id": 2**70, "query_text": "NiO"},
+        {"-id": {"b": [1.50]}, "query_text": "NiO"},
+    ]
+    kept += [
+        {"query_text": "NiO"},
+        {"-id": "x"},
+        {},
+        {"-id": "\ud800", "query_text": "NiO"},
+    ]
+    lines = as_lines([step | {"-id": 2**70}, step | kept[1], step | {"-id": None}])
+    lines += as_lines([{"step": 1, "-id": "x"}, 3, step | kept[5]])
+    lines += as_lines(
+        [{"-id": 1, "step": "a", "base_characterization": {"-id": 2, "evidence": []}}]
+    )
     Path("in.jsonl").write_bytes(lines)
-    assert run(["batch", "in.jsonl", "--keep", "id", "--keep", "query_text"]) == 1
+    assert run(["batch", "in.jsonl", "--keep", "-id", "--keep", "query_text"]) == 1
     answers = [json.loads(line) for line in capfd.readouterr().out.splitlines()]
-    for answer, first in zip(answers, [*kept, {"id": 1}], strict=True):
+    for answer, first in zip(answers, [*kept, {"-id": 1}], strict=True):
         assert [*answer.items()][: len(first) + 1] == [*first.items(), next(rest_of(answer, first))]
-    assert answers[-1]["id"] == 1
+    assert answers[-1]["-id"] == 1
 
 
 def rest_of(answer, first):
