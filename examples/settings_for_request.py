@@ -89,7 +89,10 @@ def boundary_for(structure_mode: StructureMode) -> str:
 
 def planned_record() -> CharacterizationRecord:
     """Two steps of a plan: the second reads the intent and is merged into the first."""
-    parameters: StepParameters = {"element": [{"species": "Ni"}, {"species": "O"}]}
+    parameters: StepParameters = {
+        "element": [{"species": "Ni"}, {"species": "O"}],
+        "kpoints": [6, 6, 6],  # a planner's own
+    }
     intent: QueryIntent = {"formula": "NiO", "magnetism": "antiferromagnetic"}
     relax = characterize_material(step="relax", step_params=parameters, query_text="Relax NiO")
     return characterize_material(step="bands", base_characterization=relax, query_intent=intent)

@@ -3,6 +3,7 @@
 import codecs
 import gzip
 import json
+import os
 import signal
 import subprocess
 import sys
@@ -111,17 +112,27 @@ def test_unusual_requests(capfd):
 
 def test_kept_entries_come_first(capfd):
     step = {"step": "a", "query_text": "NiO"}
-    kept = [{"id": 2**70, "query_text": "NiO"}, {"id": {"b": [1.50]}, "query_text": "NiO"}]
-    kept += [{"query_text": "NiO"}, {"id": "x"}, {}, {"id": "\ud800", "query_text": "NiO"}]
-    lines = as_lines([step | {"id": 2**70}, step | kept[1], step | {"id": None}])
-    lines += as_lines([{"step": 1, "id": "x"}, 3, step | kept[5]])
-    lines += as_lines([{"id": 1, "step": "a", "base_characterization": {"id": 2, "evidence": []}}])
+    kept = [
+        {"-id": 2**70, "query_text": "NiO"},
+        {"-id": {"b": [1.50]}, "query_text": "NiO"},
+    ]
+    kept += [
+        {"query_text": "NiO"},
+        {"-id": "x"},
+        {},
+        {"-id": "\ud800", "query_text": "NiO"},
+    ]
+    lines = as_lines([step | {"-id": 2**70}, step | kept[1], step | {"-id": None}])
+    lines += as_lines([{"step": 1, "-id": "x"}, 3, step | kept[5]])
+    lines += as_lines(
+        [{"-id": 1, "step": "a", "base_characterization": {"-id": 2, "evidence": []}}]
+    )
     Path("in.jsonl").write_bytes(lines)
-    assert run(["batch", "in.jsonl", "--keep", "id", "--keep", "query_text"]) == 1
+    assert run(["batch", "in.jsonl", "--keep", "-id", "--keep", "query_text"]) == 1
     answers = [json.loads(line) for line in capfd.readouterr().out.splitlines()]
-    for answer, first in zip(answers, [*kept, {"id": 1}], strict=True):
+    for answer, first in zip(answers, [*kept, {"-id": 1}], strict=True):
         assert [*answer.items()][: len(first) + 1] == [*first.items(), next(rest_of(answer, first))]
-    assert answers[-1]["id"] == 1
+    assert answers[-1]["-id"] == 1
 
 
 def rest_of(answer, first):
@@ -275,6 +286,21 @@ def test_output_that_is_the_input(capfd):
         assert subprocess.run([*BATCH, "in.jsonl"], stdout=file).returncode == 2
     assert "standard output: expected another file than" in capfd.readouterr().err
     assert Path("in.jsonl").read_bytes() == as_lines(GOOD)
+
+
+def test_a_process_that_ends_too_soon(many):
+    words = [*BATCH, "-", "-o", "new", "--jobs", "2"]
+    with subprocess.Popen(words, stdin=subprocess.PIPE, stderr=subprocess.PIPE) as batch:
+        children = Path(f"/proc/{batch.pid}/task/{batch.pid}/children")
+        if not children.exists():
+            batch.kill()
+            pytest.skip("no list of a process's children")
+        while len(workers := children.read_text().split()) < 2:
+            time.sleep(0.01)
+        os.kill(int(workers[0]), signal.SIGKILL)
+        _, said = batch.communicate(Path("in.jsonl").read_bytes())
+    assert batch.returncode == 2
+    assert b": a process of --jobs: ended with status -9" in said
 
 
 def test_bar_on_a_terminal(many, on_terminal):

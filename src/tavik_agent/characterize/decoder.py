@@ -5,6 +5,7 @@ text, an iterable is a list.
 
 import re
 from collections.abc import Iterable, Mapping
+from keyword import iskeyword
 from types import NoneType, UnionType
 from typing import (
     Any,
@@ -49,8 +50,15 @@ def accepted_fields(hint: Any) -> dict[str, Any]:
 
 def struct(name: str, fields: dict[str, Any], *, closed: bool) -> type[msgspec.Struct]:
     """An object whose entries may be left out; a closed one has no others."""
-    optional = [(field, hint, None) for field, hint in fields.items()]
-    return msgspec.defstruct(name, optional, forbid_unknown_fields=closed, gc=False)
+    optional = [(attribute(field), hint, None) for field, hint in fields.items()]
+    rename = {attribute(field): field for field in fields}
+    return msgspec.defstruct(name, optional, forbid_unknown_fields=closed, gc=False, rename=rename)
+
+
+def attribute(entry: str) -> str:
+    """The attribute of a struct for an entry, which need not be a Python name."""
+    plain = entry.isidentifier() and not iskeyword(entry) and not entry.startswith("_")
+    return entry if plain else f"_{entry.encode().hex()}"
 
 
 _typed_dict: Any = TypedDict

@@ -10,13 +10,13 @@ from .batch import answer_all
 
 
 @click.command()
-@click.argument("source", metavar="IN", type=click.Path())
+@click.argument("source", metavar="IN", type=click.Path(readable=False))
 @click.option(
     "-o",
     "--output",
     "target",
     metavar="OUT",
-    type=click.Path(),
+    type=click.Path(readable=False),
     default="-",
     help="A new file, complete when it appears; standard output when left out.",
 )

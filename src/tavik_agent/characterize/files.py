@@ -43,7 +43,9 @@ def input_errors_at(place: str) -> Iterator[None]:
 
 
 def input_place(path: str) -> str:
-    return "standard input" if path == "-" else path
+    """How messages name an input; a name that is not UTF-8 is escaped."""
+    name = os.fsencode(path).decode("utf-8", "backslashreplace")
+    return "standard input" if path == "-" else name
 
 
 def read_lines(path: str) -> Iterator[bytes]:

@@ -4,12 +4,13 @@ it ends, since nobody writes to their standard input then.
 """
 
 import os
+import signal
 import subprocess
 import sys
 from collections import deque
 from collections.abc import Callable, Iterable, Iterator
 from concurrent.futures import Future, ThreadPoolExecutor
-from contextlib import ExitStack, contextmanager
+from contextlib import ExitStack, contextmanager, suppress
 from queue import SimpleQueue
 
 import msgspec
@@ -28,7 +29,7 @@ def answered_by(
 ) -> Iterator[tuple[Block, Answered]]:
     """Each block with its answers, by so many processes."""
     most = UNDER_WAY * jobs
-    with _processes(setting, jobs) as ask, ThreadPoolExecutor(jobs) as threads:
+    with _processes(setting, jobs) as ask, ThreadPoolExecutor(jobs, "", _hold_signals) as threads:
         under_way: deque[tuple[Block, Future[Answered]]] = deque()
         try:
             for block in blocks:
@@ -54,9 +55,9 @@ def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answer
         finally:
             idle.put(process)
 
+    command = [sys.executable, "-m", worker.__name__, msgspec.json.encode(setting).decode()]
     with ExitStack() as processes:
         for _ in range(jobs):
-            command = [sys.executable, "-m", worker.__name__]
             process = subprocess.Popen(
                 command,
                 stdin=subprocess.PIPE,
@@ -64,15 +65,22 @@ def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answer
                 process_group=OWN_GROUP,
             )
             idle.put(processes.enter_context(process))
-            send(process.stdin, setting)
         yield ask
 
 
+def _hold_signals() -> None:
+    """In this thread a pipe that nobody reads is an error, and not the end of everything."""
+    if hasattr(signal, "SIGPIPE"):
+        signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGPIPE])
+
+
 def _asked(process: subprocess.Popen[bytes], block: Block) -> Answered:
+    assert process.stdin is not None
     try:
         send(process.stdin, block)
         if message := received(process.stdout):
             return msgspec.msgpack.decode(message, type=Answered)
-    except OSError:
-        pass  # it has ended
+    except OSError:  # it has ended
+        with suppress(OSError):
+            process.stdin.close()  # here, since what is left in it cannot be written
     raise InputError("a process of --jobs", f"ended with status {process.wait()}")

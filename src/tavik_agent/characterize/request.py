@@ -18,7 +18,7 @@ from tavik_agent.characterization_types import (
 
 from tavik_agent.material_characterization import characterize_material
 
-from .decoder import accepted_fields, struct, wrong_entry
+from .decoder import accepted_fields, attribute, struct, wrong_entry
 from .files import InputError, parse_json
 from .nulls import without_nulls
 
@@ -83,9 +83,10 @@ class RequestDecoder:
             value = parse_json(line.rstrip(b"\r\n"), place, number or 1)
             return self.check(value, place, number)
         given = msgspec.structs.asdict(request)
-        kept = {name: given[name] for name in self.keep if given[name] not in (None, NULL)}
+        values = {name: given[attribute(name)] for name in self.keep}
+        kept = {name: value for name, value in values.items() if value not in (None, NULL)}
         for name in self._beside:
-            del given[name]
+            del given[attribute(name)]
         slips = _check_whole(given, place, number)
         return Decoded(without_nulls(given) if b"null" in line else given, kept, slips)
 
@@ -111,7 +112,7 @@ class RequestDecoder:
             query_intent=request.query_intent,
         )
         if self.keep:
-            values = {name: getattr(request, name) for name in self.keep}
+            values = {name: getattr(request, attribute(name)) for name in self.keep}
             kept = {name: value for name, value in values.items() if value is not None}
             return {**kept, **record, **kept}
         return record

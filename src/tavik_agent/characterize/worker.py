@@ -33,7 +33,7 @@ def main() -> None:
     if hasattr(signal, "SIGPIPE"):
         signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # nobody waits for the answer any more
     requests, answers = sys.stdin.buffer, sys.stdout.buffer
-    answer = Answerer(msgspec.msgpack.decode(received(requests), type=Setting)).block
+    answer = Answerer(msgspec.json.decode(sys.argv[1], type=Setting)).block
     while message := received(requests):
         send(answers, answer(msgspec.msgpack.decode(message, type=Block)))
 
