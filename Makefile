@@ -7,6 +7,7 @@
 #   make sanitize [SECONDS=300] [SEED=...]  all tests, then random requests, under the sanitizers
 #   make endurance                          memory, threads and interpreters at length
 #   make format                             reformat all sources
+#   make picture                            docs/screen.svg, from a real run
 #   make bench                              what a call costs, as ratios; not part of the tests
 #   make package                            source package and wheel in dist/, checked
 PYTHON ?= python3.13
@@ -30,7 +31,7 @@ built_from := $(cpp) $(py) CMakeLists.txt pyproject.toml scripts/generate_header
 install := $(bin)/python -m pip install --quiet --disable-pip-version-check --no-build-isolation \
   --no-deps --config-settings=cmake.define.TAVIK_WARNINGS_AS_ERRORS=ON
 
-.PHONY: run test score lint fuzz endurance sanitize format bench package clean check-tools FORCE
+.PHONY: run test score lint fuzz endurance sanitize format bench picture package clean check-tools FORCE
 
 run: check-tools $(module_ready)
 	@$(bin)/python examples/characterize_request.py "$$QUERY"
@@ -69,6 +70,9 @@ format: check-tools $(tools_ready)
 
 bench: check-tools $(module_ready)
 	@$(bin)/python benchmarks/bench.py
+
+picture: check-tools $(module_ready)
+	@$(bin)/python scripts/picture.py docs/screen.svg
 
 package: check-tools $(tools_ready)
 	@rm -rf dist

@@ -2,71 +2,159 @@
 
 Usage: characterize_log_with_dask.py LOG FOLDER [--scheduler ADDRESS | --workers N] [--block SIZE]
 
-LOG may be a pattern and, like FOLDER, any place that fsspec knows. Every line of LOG gives one line
-in the parts of FOLDER, in the same order: a record, or for a bad line an error object with the
-message, the file and the text of the line. The exit status is 1 when there are bad lines.
+LOG may be a pattern and, like FOLDER, any place that fsspec knows; files named .gz or .zst are
+decompressed. Every line of LOG gives one line in the parts of FOLDER, in the same order: what
+`tavik-characterize batch` would answer to the file. FOLDER must be new or empty. The file
+complete.json appears in it last and says which lines each part answers. The exit status is 1 when
+there are bad lines, 2 when the job could not be done.
 """
 
 import argparse
+import gzip
 import json
+import logging
 import sys
-from collections.abc import Iterable
+import zlib
+from collections.abc import Iterator, Sequence
+from itertools import batched
+from typing import IO, Any, NamedTuple
 
-import dask.bag
 import fsspec
+from backports import zstd
 from dask.base import compute
 from dask.delayed import delayed
 from dask.distributed import Client
+from dask.utils import parse_bytes
 
-from tavik_agent.material_characterization import characterize_material
+from tavik_agent.characterize.answer import Answerer, Block, Setting
 
-
-def characterize_line(line: str) -> str:
-    request = json.loads(line.encode())  # bytes that are not UTF-8 fail here
-    return json.dumps(characterize_material(**request))
-
-
-def characterize_part(lines: Iterable[tuple[str, str]], target: str) -> tuple[int, int]:
-    """Write the results of some lines of a file; return how many there are, and how many errors."""
-    results, errors = [], 0
-    for line, file in lines:
-        try:
-            results.append(characterize_line(line))
-        except Exception as error:
-            report = {"message": f"{type(error).__name__}: {error}"}
-            report |= {"file": file, "text": line.rstrip("\n")}
-            results.append(json.dumps({"error": report}))
-            errors += 1
-    with fsspec.open(target, "w", encoding="utf-8") as out:
-        out.writelines(f"{result}\n" for result in results)
-    return len(results), errors
+OPENERS = {".gz": gzip.open, ".zst": zstd.open}
+USAGE = "%(prog)s LOG FOLDER [--scheduler ADDRESS | --workers N] [--block SIZE]"
+PIECES_A_WORKER = 4
+SMALLEST, LARGEST = 2**18, 2**26
+LINES_AT_ONCE = 2000
 
 
-def characterize_log(log: str, folder: str, block: str) -> tuple[int, int]:
-    """Run the job on the current cluster; each block of the log makes one part of the folder."""
-    fsspec.open(f"{folder}/part").fs.makedirs(folder, exist_ok=True)
-    lines = dask.bag.read_text(
-        log, blocksize=block, encoding="utf-8", errors="surrogateescape", include_path=True
-    )
-    write = delayed(characterize_part)
-    parts = enumerate(lines.to_delayed())
-    counts = compute(*(write(part, f"{folder}/{number:06}.jsonl") for number, part in parts))
-    return sum(lines for lines, _ in counts), sum(errors for _, errors in counts)
+class Piece(NamedTuple):
+    """The lines of a file that begin from one byte on and before another; of a compressed file all,
+    since it cannot be cut."""
+
+    file: Any  # an OpenFile of fsspec
+    start: int
+    end: float
+
+    @property
+    def opener(self) -> Any:
+        return next((OPENERS[end] for end in OPENERS if self.file.path.endswith(end)), None)
+
+
+def lines_of(piece: Piece) -> Iterator[bytes]:
+    with piece.file as raw:
+        file: IO[bytes] = piece.opener(raw) if piece.opener else raw
+        position = 0
+        if piece.start:
+            file.seek(piece.start - 1)  # a line that begins at the start follows a line end
+            position = piece.start - 1 + len(file.readline())
+        while position < piece.end and (line := file.readline()):
+            position += len(line)
+            yield line
+
+
+def pieces_of(files: Sequence[Any], size: int) -> Iterator[Piece]:
+    for file in files:
+        whole = Piece(file, 0, float("inf"))
+        if whole.opener:
+            yield whole
+            continue
+        length = file.fs.size(file.path)
+        for start in range(0, max(length, 1), size):
+            yield Piece(file, start, min(start + size, length))
+
+
+def piece_size(files: Sequence[Any], workers: int) -> int:
+    """A few pieces for each worker, neither too small for a task nor too long to do again."""
+    length: int = sum(file.fs.size(file.path) for file in files)
+    return min(max(length // (PIECES_A_WORKER * workers), SMALLEST), LARGEST)
+
+
+def count_lines(piece: Piece) -> int:
+    return sum(1 for _ in lines_of(piece))
+
+
+def answer_piece(piece: Piece, first: int, target: str) -> dict[str, Any]:
+    """Write the answers to the lines of a piece; return what the part holds."""
+    answerer = Answerer(Setting(piece.file.path))
+    lines = errors = 0
+    with fsspec.open(target, "wb") as out:
+        for some in batched(lines_of(piece), LINES_AT_ONCE, strict=False):
+            answered = answerer.block(Block(first + lines, b"".join(some)))
+            out.write(answered.data)
+            lines += answered.lines
+            errors += sum(answered.troubles.errors.values())
+    part = {"part": target.rpartition("/")[2], "file": piece.file.path, "first_line": first}
+    return part | {"lines": lines, "errors": errors}
+
+
+def characterize_log(log: str, folder: str, size: int | None, workers: int) -> list[dict[str, Any]]:
+    """Run the job on the current cluster; each piece of the log makes one part of the folder."""
+    files = fsspec.open_files(log, "rb")
+    if not files:
+        raise FileNotFoundError(f"{log}: no such file")
+    pieces = [*pieces_of(files, size or piece_size(files, workers))]
+    make_empty(folder)
+    numbers = first_lines(pieces, compute(*(delayed(count_lines)(piece) for piece in pieces)))
+    write = delayed(answer_piece)
+    parts: list[dict[str, Any]] = [
+        *compute(
+            *(
+                write(piece, first, f"{folder}/{number:06}.jsonl")
+                for number, (piece, first) in enumerate(zip(pieces, numbers, strict=True))
+            )
+        )
+    ]
+    with fsspec.open(f"{folder}/complete.json", "w", encoding="utf-8") as mark:
+        json.dump({"parts": parts}, mark, indent=1)
+    return parts
+
+
+def make_empty(folder: str) -> None:
+    fs, path = fsspec.core.url_to_fs(folder)
+    if fs.exists(path) and (fs.isfile(path) or fs.ls(path)):
+        raise FileExistsError(f"{folder}: expected a new or empty folder")
+    fs.makedirs(path, exist_ok=True)
+
+
+def first_lines(pieces: Sequence[Piece], counts: Sequence[int]) -> Iterator[int]:
+    """The number, within its file, of the first line of each piece."""
+    number = 1
+    for piece, count in zip(pieces, counts, strict=True):
+        number = number if piece.start else 1
+        yield number
+        number += count
 
 
 def main() -> int:
-    parser = argparse.ArgumentParser(description="Characterize a log of requests with Dask.")
+    parser = argparse.ArgumentParser(usage=USAGE)
     parser.add_argument("log")
     parser.add_argument("folder")
     parser.add_argument("--scheduler", help="address of a running cluster")
     parser.add_argument("--workers", type=int, default=2, help="processes without a cluster")
-    parser.add_argument("--block", default="64MiB", help="how much of the log one task takes")
+    parser.add_argument("--block", type=parse_bytes, help="how much of a file one task takes")
     args = parser.parse_args()
+    if args.workers < 1 or (args.block is not None and args.block < 1):
+        parser.error("expected at least one worker, and at least one byte a block")
+    logging.getLogger("distributed").setLevel(logging.CRITICAL)
     local = {"n_workers": args.workers, "threads_per_worker": 1, "dashboard_address": None}
-    with Client(args.scheduler) if args.scheduler else Client(**local) as client:
-        workers = len(client.scheduler_info()["workers"])
-        lines, errors = characterize_log(args.log, args.folder, args.block)
-    print(f"{lines} lines on {workers} workers, {errors} errors")
+    local["silence_logs"] = logging.CRITICAL
+    try:
+        with Client(args.scheduler) if args.scheduler else Client(**local) as client:
+            workers = len(client.scheduler_info()["workers"])
+            parts = characterize_log(args.log, args.folder, args.block, workers)
+    except (OSError, EOFError, ValueError, ImportError, zlib.error, zstd.ZstdError) as error:
+        print(f"{parser.prog}: {error}", file=sys.stderr)
+        return 2
+    lines, errors = (sum(part[key] for part in parts) for key in ("lines", "errors"))
+    print(f"{lines} lines in {len(parts)} parts on {workers} workers, {errors} errors")
     return 1 if errors else 0
 
 

@@ -4,6 +4,7 @@ Usage: check-package.py DIST. The wheel is installed into a new virtual environm
 index, away from the working copy; a call is made there, and a strict type check of an example.
 """
 
+import re
 import subprocess
 import sys
 import tarfile
@@ -14,10 +15,11 @@ from email.parser import BytesParser
 from pathlib import Path, PurePosixPath
 
 ROOT = Path(__file__).parents[1]
-EXAMPLE = ROOT / "examples" / "typed_planner_step.py"
-SOURCE_PACKAGE = {"docs", "examples", "scripts", "src"}
+EXAMPLE = ROOT / "examples" / "settings_for_request.py"
+SOURCE_PACKAGE = {"benchmarks", "docs", "evaluation", "examples", "scripts", "src", "tests"}
 SOURCE_PACKAGE |= {"CHANGELOG.md", "CMakeLists.txt", "CONTRIBUTING.md", "LICENSE", "PKG-INFO"}
-SOURCE_PACKAGE |= {"README.md", "pyproject.toml"}
+SOURCE_PACKAGE |= {"Makefile", "README.md", "conftest.py", "pyproject.toml", "requirements.txt"}
+SOURCE_PACKAGE |= {".clang-format", ".clang-tidy", ".python-version"}
 METADATA = ["Name", "Version", "Summary", "Author", "License-Expression", "License-File"]
 METADATA += ["Keywords", "Classifier", "Requires-Python", "Description-Content-Type"]
 METADATA += ["Provides-Extra"]
@@ -35,6 +37,9 @@ def check_source_package(file: Path) -> None:
     tops = {path.parts[0] for path in paths if path.parts}
     assert tops == SOURCE_PACKAGE, f"top level of {file.name}: {sorted(tops ^ SOURCE_PACKAGE)}"
     assert not [path for path in paths if "__pycache__" in path.parts]
+    readme = (ROOT / "README.md").read_text(encoding="utf-8")
+    linked = {PurePosixPath(link) for link in re.findall(r"\]\(([^)#:]+)\)", readme)}
+    assert linked <= {*paths}, f"README.md links to {linked - {*paths}}"
 
 
 def check_wheel(file: Path) -> None:

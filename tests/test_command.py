@@ -6,12 +6,21 @@ import re
 import shlex
 import subprocess
 import sys
+from importlib.metadata import version
 from pathlib import Path
+from typing import get_args
 
+import jsonschema
 import pytest
 from reliability.generate import REQUESTS
+from tavik_agent.characterization_types import (
+    IntentComplexity,
+    IntentCorrelation,
+    IntentMagnetism,
+)
 
 from tavik_agent import material_characterization as mc
+from tavik_agent.characterize import PACKAGE
 from tavik_agent.characterize import request as requests
 from tavik_agent.characterize.command import run
 from tavik_agent.characterize.evidence import FIELDS, field_of
@@ -83,14 +92,12 @@ def test_screen_on_a_terminal(width, on_terminal):
 def test_odd_values_in_a_record(capfd):
     evidence = r'"evidence": ["\u001b[2J\ud800"]'
     Path("base").write_text(
-        f'{{"note:smile:": {{"a": 1}}, "seen": null, "confidence": NaN, {evidence}}}'
+        f'{{"note:smile:": {{"a": 1}}, "seen": "", "confidence": 0.5, {evidence}}}'
     )
     assert run(["--base", "base"]) == 0
     screen = " ".join(capfd.readouterr().out.split())
-    assert screen.startswith(
-        "field label evidence note:smile: {'a': 1} seen null intent_driven false"
-    )
-    assert screen.endswith(r" nan evidence, in the order of the decisions 1 \x1b[2J\ud800")
+    assert screen.startswith("field label evidence note:smile: {'a': 1} seen - intent_driven false")
+    assert screen.endswith(r" 0.5 evidence, in the order of the decisions 1 \x1b[2J\ud800")
 
 
 def test_json_is_the_record(capfdbinary, monkeypatch):
@@ -116,12 +123,17 @@ def test_arguments_are_those_of_the_module():
     assert list(requests.ARGUMENTS) == list(inspect.signature(mc.characterize_material).parameters)
 
 
-FULL = {"step": "scf", "step_params": {"element": {"Ni": 1}, "domain": None}, "query_text": "x"}
+FULL = {"step": "scf", "step_params": {"element": {"Ni": 1}, "domain": {}}, "query_text": "x"}
 FULL |= {"findings": [1], "query_intent": {"species": ["Ni"], "formula": "NiO"}}
 IRON = {"element": [{"species": "Fe"}, {"species": "O"}]}
 REPLACED = FULL | {"step": "relax", "query_text": "q", "findings": ["y", "z"]}
-REPLACED |= {"step_params": IRON | {"domain": None}}
+REPLACED |= {"step_params": IRON | {"domain": {}}}
 REPLACED |= {"query_intent": {"species": ["Ni"], "formula": "Fe2O3"}}
+
+UNITS = {"query_intent": {"units": {}}, "step_params": {"element": {"Ni": {}}}}
+NULLS = {"step": "a", "findings": [None, "b"], "base_characterization": None}
+NULLS |= {"query_intent": {"formula": None, "units": {"energy": None}, "species": None}}
+NULLS |= {"step_params": {"element": {"Ni": {"species": None}, "O": None}, "atom": None}}
 
 
 @pytest.mark.parametrize(
@@ -135,6 +147,7 @@ REPLACED |= {"query_intent": {"species": ["Ni"], "formula": "Fe2O3"}}
         (["--energy-unit=ev"], {"step": "", "query_intent": {"units": {"energy": "eV"}}}),
         (["--formula="], {"step": "", "query_intent": {"formula": ""}}),
         (["--request=full", "--base=empty", "--species= "], FULL),
+        (["--request=nulls", "q"], {"step": "a", "findings": ["b"], "query_text": "q"} | UNITS),
         (
             "--request=full --species=Fe,O --formula=Fe2O3 --step=relax --finding=y --finding=z q",
             REPLACED,
@@ -144,6 +157,7 @@ REPLACED |= {"query_intent": {"species": ["Ni"], "formula": "Fe2O3"}}
 def test_arguments_of_the_call(words, expected, monkeypatch, capfd):
     monkeypatch.setattr(requests, "characterize_material", lambda **given: given)
     Path("full").write_text(json.dumps(FULL))
+    Path("nulls").write_text(json.dumps(NULLS))
     Path("empty").write_text("{}")
     assert run(["--json", *(words.split() if isinstance(words, str) else words)]) == 0
     assert json.loads(capfd.readouterr().out) == expected
@@ -160,21 +174,27 @@ def assert_told(output, message):
     [
         (b'{"step": "a",\n "x" }', ":2:6: invalid JSON: Expecting ':' delimiter"),
         (b'{"step":\n"\xff"', ":2:2: expected UTF-8, not the byte 0xff"),
-        (b"[" * 100_000, ":1: expected JSON that is nested less deeply"),
-        (b"1" * 5000, ":1: Exceeds the limit (4300 digits)"),
-        (b'["step"]', ": expected an object, not ['step']"),
-        (b"{}", ': expected an entry "step"'),
-        (b'{"x\\u001b": 1}', r": 'x\x1b' is no argument; expected step, step_params"),
-        (b'{"step": 3}', ": step: expected a string, not 3"),
-        (b'{"query_intent": []}', ": query_intent: expected an object, not []"),
-        (b'{"findings": "x"}', ": findings: expected a list, not 'x'"),
+        (b'{"findings": ' + b"[" * 100_000, ":1: expected JSON that is nested less deeply"),
+        (b'{"findings": [NaN]}', ":1: invalid JSON: NaN is no number"),
+        (b'["step"]', ": $: expected object, got array"),
+        (b"{}", ": $.step: expected the name of the planning step"),
+        (b'{"step": null}', ": $.step: expected the name of the planning step"),
+        (b'{"x\\u001b": 1}', r": $: unknown entry 'x\x1b'; expected step, step_params, query"),
+        (b'{"step": 3}', ": $.step: expected str, got int"),
+        (b'{"step": 3, "query_text": "\\ud800"}', ": $.step: expected str, got int"),
+        (b'{"query_intent": []}', ": $.query_intent: expected object, got array"),
+        (b'{"findings": "x"}', ": $.findings: expected array, got str"),
         (
-            b'{"query_intent": {"species": "NiO"}}',
-            ": query_intent.species: expected a list of strings, not 'NiO'",
+            b'{"query_intent": {"species": ["Ni", 1]}}',
+            ": $.query_intent.species[1]: expected str, got int",
+        ),
+        (
+            b'{"previous_steps_params": {"a": {}, "b": {"atom": 1}}}',
+            ': $.previous_steps_params["b"].atom: expected object, got int',
         ),
         (
             b'{"step": "a", "base_characterization": {"confidence": "high"}}',
-            ": the values give ValueError: could not convert string to float: 'high'",
+            ": $.base_characterization.confidence: expected float, got str",
         ),
     ],
 )
@@ -194,8 +214,11 @@ def test_trouble_in_a_file(content, message, capfd):
         ("--magnetism afm x", ": Invalid value for '--magnetism': 'afm' is not one of 'non-coll"),
         ("--request - --base -", ": standard input can be only one of"),
         ("--base /", ": /: Is a directory"),
-        ("batch", " batch: Missing argument 'IN.jsonl'."),
-        ("batch x --resume", " batch: --resume goes with -o OUT.jsonl"),
+        ("--species=Fe;O x", ": --species: expected symbols, as \"Fe,O\", not 'Fe;O'"),
+        ("bacth in.jsonl", ": no command 'bacth'; did you mean batch?"),
+        ("batch", " batch: Missing argument 'IN'."),
+        ("batch x --resume", " batch: --resume goes with -o OUT"),
+        ("batch x --keep step", " batch: --keep step: the record has an entry of that name"),
         ("batch nowhere", " batch: nowhere: No such file or directory"),
         ("compare - -", " compare: standard input can be only one of"),
         ("compare a b c", " compare: Got unexpected extra argument (c)"),
@@ -204,6 +227,60 @@ def test_trouble_in_a_file(content, message, capfd):
 def test_wrong_usage(words, message, capfd):
     assert run(words.split()) == 2
     assert_told(capfd.readouterr(), message)
+
+
+@pytest.mark.parametrize(
+    ("words", "shown"),
+    [
+        (["help"], "Usage: tavik-characterize [OPTIONS] [QUERY]"),
+        (["help", "batch"], "Usage: tavik-characterize batch [OPTIONS] IN"),
+        (["compare", "-h"], "Usage: tavik-characterize compare "),
+        (["--version"], f"tavik-characterize {version(PACKAGE)}\n"),
+    ],
+)
+def test_help(words, shown, capfd):
+    assert run(words) == 0
+    assert capfd.readouterr().out.startswith(shown)
+
+
+@pytest.mark.parametrize(
+    ("words", "completed"),
+    [("ba", "plain,batch\n"), ("batch --res", "plain,--resume\n"), ("batch x", "file,x\n")],
+)
+def test_completion(words, completed, capfd, monkeypatch):
+    monkeypatch.setenv("_TAVIK_CHARACTERIZE_COMPLETE", "bash_complete")
+    monkeypatch.setenv("COMP_WORDS", f"tavik-characterize {words}")
+    monkeypatch.setenv("COMP_CWORD", str(len(words.split())))
+    assert run([]) == 0
+    assert capfd.readouterr().out == completed
+
+
+WORDS = {"correlation": get_args(IntentCorrelation), "magnetism": get_args(IntentMagnetism)}
+WORDS |= {"complexity_hint": get_args(IntentComplexity)}
+
+
+def test_schemas(capfd):
+    validators = {}
+    for kind in ("request", "intent", "record"):
+        assert run(["schema", kind]) == 0
+        schema = json.loads(capfd.readouterr().out)
+        jsonschema.Draft202012Validator.check_schema(schema)
+        assert "$ref" not in json.dumps(schema)
+        assert all(entry["description"] for entry in schema["properties"].values())
+        validators[kind] = jsonschema.Draft202012Validator(schema)
+    for row in REQUESTS:
+        inputs = {key: value for key, value in row.items() if key not in ("expect", "query")}
+        intent = inputs.get("query_intent", {})
+        if not {intent[key] for key in WORDS if key in intent} <= {None}.union(*WORDS.values()):
+            continue  # another spelling, or a word that decides nothing: no model should send it
+        request = {"step": "a", "query_text": row.get("query")} | inputs
+        validators["request"].validate(request)
+        validators["intent"].validate(request.get("query_intent", {}))
+        validators["record"].validate(mc.characterize_material(**requests.check(request, "")))
+    for wrong in ({"correlation": "hubbard"}, {"corelation": "hybrid"}, {"species": "Fe"}):
+        assert not validators["intent"].is_valid(wrong)
+        assert not validators["request"].is_valid({"step": "a", "query_intent": wrong})
+    assert not validators["request"].is_valid({"query_text": "NiO"})
 
 
 WITHOUT_CLICK = """

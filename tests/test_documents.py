@@ -1,8 +1,13 @@
 """What the types and the documents list, held against what the module gives. The examples of the
 documents run by themselves."""
 
+import ast
+import html
 import json
 import re
+import shlex
+import subprocess
+import sys
 from pathlib import Path
 from typing import Literal, get_args, get_origin, get_type_hints
 
@@ -55,14 +60,20 @@ def test_decisions_lead_to_every_label(field):
 
 
 def test_readme_shows_the_record_of_its_example():
+    call, shown = re.findall(r"^```python\n(.*?)^```", README, re.MULTILINE | re.DOTALL)[:2]
     namespace = {}
-    exec(re.search(r"^```python\n(.*?)^```", README, re.MULTILINE | re.DOTALL)[1], namespace)
-    record = {key: json.dumps(value) for key, value in namespace["record"].items()}
-    shown = {}
-    for keys, values in re.findall(r"^\| (`[^|]*) \| (`[^|]*) \|", README, re.MULTILINE):
-        shown |= zip(in_code(keys), in_code(values), strict=True)
-    assert record["evidence"].startswith(shown["evidence"].removesuffix(", ...]"))
-    assert list(shown.items()) == list((record | {"evidence": shown["evidence"]}).items())
+    exec(call, namespace)
+    assert [*ast.literal_eval(shown).items()] == [*namespace["record"].items()]
+    example = subprocess.check_output([sys.executable, ROOT / "examples/characterize_request.py"])
+    assert json.loads(example) == namespace["record"]
+    command = re.search(r"^\$ (tavik-characterize) (.*)$", README, re.MULTILINE)
+    typed = [sys.executable, "-m", "tavik_agent.characterize", "--json", *shlex.split(command[2])]
+    assert json.loads(subprocess.check_output(typed)) == namespace["record"]
+    picture = (ROOT / "docs" / "screen.svg").read_text(encoding="utf-8")
+    picture = re.sub("<[^>]*>", " ", picture).replace("&#160;", " ")
+    screen = subprocess.check_output([*typed[:3], *typed[4:]], text=True)
+    words = {word for word in screen.split() if word.isascii()}  # the bar has two colours
+    assert words <= {*html.unescape(picture).split()}
 
 
 @pytest.mark.parametrize("document", ["README.md", "CONTRIBUTING.md", "docs/*.md"])

@@ -1,14 +1,20 @@
 """The examples, run as a user runs them; the Dask job on a local cluster of two processes."""
 
+import gzip
 import json
+import re
 import subprocess
 import sys
 from pathlib import Path
 
+import polars
 import pytest
+from backports import zstd
+from reliability.generate import REQUESTS
 
 from tavik_agent import material_characterization as mc
 
+COMMAND = [sys.executable, "-m", "tavik_agent.characterize"]
 EXAMPLES = Path(__file__).parents[1] / "examples"
 
 
@@ -17,10 +23,14 @@ def _known_tables():
     """The module's own tables stay in place here."""
 
 
-def run(example, *arguments):
-    command = [sys.executable, "-W", "error", EXAMPLES / example, *arguments]
-    done = subprocess.run(command, capture_output=True, text=True, timeout=120, check=False)
+def command(words, **options):
+    done = subprocess.run(words, capture_output=True, text=True, timeout=120, **options)
     assert "Traceback" not in done.stderr, done.stderr
+    return done
+
+
+def run(example, *arguments):
+    done = command([sys.executable, "-W", "error", EXAMPLES / example, *arguments])
     return done.stdout, done.returncode
 
 
@@ -30,45 +40,126 @@ def test_one_request():
     assert json.loads(out) == mc.characterize_material(step="relax", query_text="Band gap of GaAs")
 
 
-def test_typed_planner_step():
-    out, status = run("typed_planner_step.py")
-    choices = "fixed occupations, collinear, moments from a template, +U; energies in eV"
-    assert out.splitlines() == [
-        f"RELAX NiO: {choices}",
-        f"BANDS NiO: {choices}",
-        "by formula alone: insulator; listed as correlated: True",
-    ]
-    assert status == 0
-
-
-BAD = {
-    b"not JSON": "JSONDecodeError",
-    b"": "JSONDecodeError",
-    b'"a text"': "TypeError",
-    b'{"query_text": "NiO"}': "TypeError",  # no step
-    b'{"step": "scf", "query_text": 5}': "AttributeError",
-    b'{"step": "\xff"}': "UnicodeEncodeError",
+FE2O3 = {
+    "step": "relax",
+    "step_params": {"element": [{"species": "Fe"}, {"species": "O"}]},
+    "query_text": "Relax antiferromagnetic Fe2O3 with DFT+U",
 }
+COPPER = {"step": "bands", "query_text": "Bands of fcc copper"}
+SOC = {"step": "scf", "query_text": "Non-collinear bilayer CrI3 as an open question"}
 
 
-def test_dask_job(tmp_path):
-    good = [{"step": f"{n}", "query_text": "Relax Fe2O3"} for n in range(600)]
-    good[300]["query_text"] = "x" * 20_000  # longer than the blocks
-    lines = [json.dumps(request).encode() for request in good]
-    (tmp_path / "log-0.jsonl").write_bytes(b"\n".join([*lines[:400], *BAD]) + b"\n")
-    (tmp_path / "log-1.jsonl").write_bytes(b"\n".join(lines[400:]))  # its last line has no end
-    out, status = run(
-        "characterize_log_with_dask.py",
-        f"{tmp_path}/log-*.jsonl",
-        f"{tmp_path}/records",
-        "--block=4KiB",
-    )
-    assert (out, status) == (f"606 lines on 2 workers, {len(BAD)} errors\n", 1)
-    parts = [path.read_text() for path in sorted((tmp_path / "records").iterdir())]
-    found = [json.loads(line) for line in "".join(parts).splitlines()]
-    failed = [answer["error"] for answer in found[400 : 400 + len(BAD)]]
-    assert found[:400] + found[400 + len(BAD) :] == [mc.characterize_material(**r) for r in good]
-    assert [error["message"].split(":")[0] for error in failed] == list(BAD.values())
-    written = [error["text"].encode(errors="surrogateescape") for error in failed]
-    assert written == list(BAD)
-    assert {error["file"] for error in failed} == {f"{tmp_path}/log-0.jsonl"}
+@pytest.mark.parametrize(
+    ("request_", "settings"),
+    [
+        (
+            FE2O3,
+            {
+                "occupations": "fixed",
+                "spin": "collinear",
+                "moments": "antiferromagnetic template",
+                "hubbard_u": True,
+                "boundary": "periodic",
+                "energy_unit": "eV",
+                "ask": [],
+            },
+        ),
+        (
+            COPPER,
+            {
+                "occupations": "cold smearing",
+                "spin": "none",
+                "moments": "zero",
+                "hubbard_u": False,
+                "ask": [],
+            },
+        ),
+        ({"step": "scf", "query_text": "a new phase"}, {"occupations": "cold smearing"}),
+    ],
+)
+def test_settings_of_a_request(request_, settings, tmp_path):
+    (tmp_path / "request.json").write_text(json.dumps(request_))
+    out, status = run("settings_for_request.py", str(tmp_path / "request.json"))
+    assert status == 0
+    found = json.loads(out)
+    assert found | settings == found
+    assert found["because"] == mc.characterize_material(**request_)["evidence"]
+
+
+JOB = "characterize_log_with_dask.py"
+LOG = b"".join(
+    json.dumps(
+        {key: value for key, value in request.items() if key not in ("expect", "query")}
+        | {"step": "scf", "query_text": request.get("query", "") + " long" * (n % 100)}
+    ).encode()
+    + b"\n"
+    for n, request in enumerate(REQUESTS * 3)
+)
+BAD = (
+    b'x\n\n{"step": "a", "findings": "NiO"}\n{"step": "\xff"}\n{"step": "no end", "query_text": 5}'
+)
+
+
+def test_dask_job_answers_as_batch_does(tmp_path):
+    contents = {"log-0.jsonl": LOG + BAD, "log-1.jsonl.gz": gzip.compress(LOG + BAD)}
+    contents |= {"log-2.jsonl.zst": zstd.compress(BAD + b"\n"), "log-3.jsonl": b""}
+    for name, content in contents.items():
+        (tmp_path / name).write_bytes(content)
+    records = tmp_path / "records"
+    words = (JOB, f"{tmp_path}/log-*", str(records))
+    out, status = run(*words)
+    lines, errors = 2 * LOG.count(b"\n") + 15, 15
+    complete = json.loads((records / "complete.json").read_text())
+    assert len(complete["parts"]) >= 6  # each large file that can be cut is
+    shown = f"{lines} lines in {len(complete['parts'])} parts on 2 workers, {errors} errors\n"
+    assert (out, status) == (shown, 1)
+    answers = b"".join(path.read_bytes() for path in sorted(records.glob("*.jsonl")))
+    for name in contents:
+        command([*COMMAND, "batch", name, "-o", f"{name}.out"], cwd=tmp_path)
+    assert answers == b"".join((tmp_path / f"{name}.out").read_bytes() for name in contents)
+    before = sorted(path.stat().st_mtime_ns for path in records.iterdir())
+    assert run(*words) == ("", 2)
+    assert sorted(path.stat().st_mtime_ns for path in records.iterdir()) == before
+
+
+@pytest.mark.parametrize(
+    ("words", "message"),
+    [
+        ("nowhere.jsonl new", "nowhere.jsonl"),
+        ("no-*.jsonl new", "no-*.jsonl: no such file"),
+        ("log new --workers 0", "at least one worker"),
+        ("log new --block much", "invalid parse_bytes value: 'much'"),
+        ("cut.gz new", "Compressed file ended before"),
+        ("log log", "log: expected a new or empty folder"),
+        ("nosuch://log new", "nosuch"),
+    ],
+)
+def test_dask_job_tells_what_is_wrong(words, message, tmp_path):
+    (tmp_path / "log").write_bytes(LOG[:1000])
+    (tmp_path / "cut.gz").write_bytes(gzip.compress(LOG)[:500])
+    done = command([sys.executable, EXAMPLES / JOB, *words.split()], cwd=tmp_path)
+    assert done.returncode == 2
+    assert message in done.stderr
+    assert done.stderr.count("\n") == 1 + ("usage" in done.stderr)
+    assert not (tmp_path / "new" / "complete.json").exists()
+
+
+@pytest.mark.parametrize("kind", ["parquet", "ipc"])
+def test_tables_of_polars(kind, tmp_path):
+    # A column has one type.
+    fit = [line for line in LOG.splitlines() if not re.search(rb'xyz|"element": \{', line)]
+    requests = [json.loads(line) for line in fit]
+    assert len(requests) > 2000
+    path = tmp_path / "requests"
+    getattr(polars.DataFrame(requests, infer_schema_length=None), f"write_{kind}")(path)
+    document = (EXAMPLES.parent / "docs" / "scale.md").read_text(encoding="utf-8")
+    script = re.search(r"^```python\n(import polars.*?)^```", document, re.MULTILINE | re.DOTALL)[1]
+    assert len(script.splitlines()) <= 10
+    namespace = {}
+    exec(script, namespace)
+    table = getattr(polars, f"read_{kind}")(path)
+    answered = namespace["answer"](table)
+    answered.write_parquet(tmp_path / "records")
+    expected = [mc.characterize_material(**request) for request in requests]
+    assert polars.read_parquet(tmp_path / "records").to_dicts() == expected
+    assert [*table.iter_rows(named=True)] != requests  # nulls were filled in

@@ -3,7 +3,7 @@
 import signal
 import sys
 
-from . import FAILURE, NAME
+from . import FAILURE, NAME, PACKAGE
 
 INTERRUPTED = 130
 
@@ -20,12 +20,12 @@ def main() -> None:
         sys.exit(run(sys.argv[1:]))
     except ModuleNotFoundError as missing:
         library = (missing.name or "").partition(".")[0]
-        if library not in ("click", "rich"):
+        if library not in ("backports", "click", "msgspec", "rich"):
             raise
-        extra = "pip install 'tavik-agent-material-characterization[cli]'"
+        extra = f"pip install '{PACKAGE}[cli]'"
         _end(f"the library {library} is missing: {extra}", FAILURE)
-    except KeyboardInterrupt:
-        _end("interrupted", INTERRUPTED)
+    except KeyboardInterrupt as interrupted:
+        _end(f"interrupted{interrupted}", INTERRUPTED)
 
 
 def _end(message: str, status: int) -> None:

@@ -1,29 +1,23 @@
-"""Compares two runs over the same requests: a line for each label that changed, then how often each
-field did. Evidence and confidence follow from the labels and are not compared.
+"""Compares two runs over the same requests: how often each field went from one label to another,
+with examples. Evidence and confidence follow from the labels and are not compared.
 """
 
-from collections import Counter
+from collections import Counter, defaultdict, deque
 from collections.abc import Iterator
 from dataclasses import dataclass, field
-from itertools import zip_longest
+from itertools import chain, zip_longest
 from typing import Any, NamedTuple
 
-from rich.console import Console
+from rich.console import RenderableType
+from rich.padding import Padding
 from rich.text import Text
 
-from .files import input_place, parse_json, read_lines
-from .request import Shape, expect
-from .screen import ACCOUNT
+from .files import input_place
+from .runs import ACCOUNT, Answer, read_run, read_texts, shortened
 from .terminal import grid, written
 
-Record = dict[str, Any]
-
-
-def _is_answer(value: Any) -> bool:
-    return isinstance(value, dict) and (_failure(value) is not None or value.keys() >= {*ACCOUNT})
-
-
-ANSWER = Shape("a record or an error object", _is_answer)
+EXAMPLES = 20
+TRANSITIONS = 10  # shown of a field
 
 
 class Change(NamedTuple):
@@ -32,77 +26,153 @@ class Change(NamedTuple):
     after: str
 
 
+class Example(NamedTuple):
+    before: Answer
+    after: Answer
+    changes: list[Change]
+
+
 @dataclass
-class Counts:
+class Comparison:
     compared: int = 0
     changed: int = 0
-    by_field: Counter[str] = field(default_factory=Counter)
-    alone: Counter[str] = field(default_factory=Counter)  # lines that the other file lacks, by file
+    transitions: defaultdict[str, Counter[Change]] = field(
+        default_factory=lambda: defaultdict(Counter)
+    )
+    first_of_kind: list[Example] = field(default_factory=list)
+    further: list[Example] = field(default_factory=list)
+    alone: Counter[str] = field(default_factory=Counter)  # lines that the other run lacks, by file
 
+    @property
+    def same(self) -> bool:
+        return not self.changed and not self.alone
 
-def compare(console: Console, path: str, other: str) -> bool:
-    """Prints the changes, then their counts; returns whether there are none."""
-    counts = Counts()
-    for number, pair in enumerate(zip_longest(_records(path), _records(other)), 1):
-        before, after = pair
-        if before is None or after is None:
-            counts.alone[input_place(other if before is None else path)] += 1
-            continue
+    def examples(self, limit: int | None) -> list[Example]:
+        """In their order. Those that show a change for the first time are left out last."""
+        chosen = (self.first_of_kind + self.further)[:limit]
+        return sorted(chosen, key=lambda example: example.before.number)
+
+    def add(self, before: Answer, after: Answer, limit: int | None) -> None:
         changes = [*_changes(before, after)]
-        counts.compared += 1
-        counts.changed += bool(changes)
-        counts.by_field.update(change.name for change in changes)
+        self.compared += 1
+        if not changes:
+            return
+        self.changed += 1
+        is_new = any(change not in self.transitions[change.name] for change in changes)
+        examples = self.first_of_kind if is_new else self.further
+        if limit is None or len(examples) < limit:
+            examples.append(Example(before, after, changes))
         for change in changes:
-            console.print(_line(number, before | after, change), soft_wrap=True)
-    _print_counts(console, counts)
-    return not counts.changed and not counts.alone
+            self.transitions[change.name][change] += 1
 
 
-def _records(path: str) -> Iterator[Record]:
-    place = input_place(path)
-    for number, line in enumerate(read_lines(path), 1):
-        record: Record = parse_json(line.rstrip(b"\r\n"), place, number)
-        expect(ANSWER, record, f"{place}:{number}")
-        yield record
+def compare(path: str, other: str, *, all_examples: bool) -> Comparison:
+    comparison = Comparison()
+    limit = None if all_examples else EXAMPLES
+    for before, after in _pairs(path, other):
+        if before and after:
+            comparison.add(before, after, limit)
+        else:
+            comparison.alone[input_place(path if before else other)] += 1
+    return comparison
 
 
-def _changes(before: Record, after: Record) -> Iterator[Change]:
-    failures = _failure(before), _failure(after)
-    if any(failures):
-        if failures[0] != failures[1]:
-            yield Change("error", *(written(why) if why else "answered" for why in failures))
+def _pairs(path: str, other: str) -> Iterator[tuple[Answer | None, Answer | None]]:
+    """Answers to the same request: with the same kept identity when both runs have one, else on
+    the same line. Answers wait for their partner, so runs in about the same order need no memory.
+    """
+    sides = [_with_first(read_run(path)), _with_first(read_run(other))]
+    identities = {first.identity if first else None for first, _ in sides}
+    identity = identities.pop() if len(identities) == 1 else None
+    waiting: list[dict[Any, deque[Answer]]] = [{}, {}]
+    for both in zip_longest(*(answers for _, answers in sides)):
+        for side, answer in enumerate(both):
+            if answer is None:
+                continue
+            key = _key(answer, identity)
+            if partners := waiting[1 - side].get(key):
+                partner = partners.popleft()
+                if not partners:
+                    del waiting[1 - side][key]
+                yield (answer, partner) if side == 0 else (partner, answer)
+            else:
+                waiting[side].setdefault(key, deque()).append(answer)
+    for answer in chain.from_iterable(waiting[0].values()):
+        yield answer, None
+    for answer in chain.from_iterable(waiting[1].values()):
+        yield None, answer
+
+
+def _with_first(answers: Iterator[Answer]) -> tuple[Answer | None, Iterator[Answer]]:
+    first = next(answers, None)
+    return first, answers if first is None else chain([first], answers)
+
+
+def _key(answer: Answer, identity: str | None) -> str | int:
+    """Text for an identity of any kind, so that it differs from every number of a line."""
+    return repr(answer.kept[identity]) if identity in answer.kept else answer.number
+
+
+def _changes(before: Answer, after: Answer) -> Iterator[Change]:
+    if before.failure or after.failure:
+        if before.failure != after.failure:
+            was, is_now = (written(side.failure or "answered") for side in (before, after))
+            yield Change("error", was, is_now)
         return
-    for name in before | after:
-        old, new = before.get(name, ""), after.get(name, "")
+    if before.record == after.record:
+        return
+    for name in before.record | after.record:
+        old, new = before.record.get(name, ""), after.record.get(name, "")
         if name not in ACCOUNT and old != new:
             yield Change(name, written(old), written(new))
 
 
-def _failure(record: Record) -> str | None:
-    """Why a line could not be answered, when it could not."""
-    match record:
-        case {"error": {"message": str(why)}} if len(record) == 1:
-            return why
-    return None
+def comparison_parts(
+    comparison: Comparison, *, requests: str | None, all_examples: bool
+) -> Iterator[RenderableType]:
+    yield Text(f"{comparison.changed:,} of {comparison.compared:,} requests changed", "bold")
+    for place, lines in comparison.alone.items():
+        yield Text(f"{lines:,} only in {written(place)}")
+    limit = None if all_examples else TRANSITIONS
+    for name, transitions in comparison.transitions.items():
+        yield from ("", _transitions(name, transitions, limit))
+    examples = comparison.examples(None if all_examples else EXAMPLES)
+    if not examples:
+        return
+    texts = _texts(requests, {example.before.number for example in examples})
+    left_out = f" of {comparison.changed:,}; --all shows all" * (len(examples) < comparison.changed)
+    yield from ("", Text(f"{len(examples):,} examples{left_out}", "bold"))
+    for example in examples:
+        yield from _example(example, texts.get(example.before.number, ""))
 
 
-def _line(number: int, record: Record, change: Change) -> Text:
-    return Text.assemble(
-        f"{number:>7}  {written(record.get('step', '')):<8}  {written(change.name):<22}  ",
-        (change.before, "red"),
-        " -> ",
-        (change.after, "green"),
-    )
+def _transitions(name: str, transitions: Counter[Change], limit: int | None) -> RenderableType:
+    table = grid()
+    table.add_column(f"{written(name)}, from", overflow="fold", min_width=20)
+    table.add_column("to", overflow="fold", min_width=20)
+    table.add_column(f"{transitions.total():,}", justify="right", no_wrap=True)
+    for change, times in transitions.most_common(limit):
+        table.add_row(Text(change.before, "red"), Text(change.after, "green"), f"{times:,}")
+    if limit and len(transitions) > limit:
+        table.add_row(Text(f"and {len(transitions) - limit:,} more", "dim"))
+    return table
 
 
-def _print_counts(console: Console, counts: Counts) -> None:
-    if counts.changed:
-        table = grid()
-        table.add_column("field")
-        table.add_column("changes", justify="right")
-        for name, times in counts.by_field.most_common():
-            table.add_row(written(name), str(times))
-        console.print("", table, "", sep="\n")
-    console.print(f"{counts.changed} of {counts.compared} requests changed")
-    for place, lines in counts.alone.items():
-        console.print(f"{lines} only in {written(place)}, from line {counts.compared + 1} on")
+def _example(example: Example, text: str) -> Iterator[RenderableType]:
+    before, after, changes = example
+    step = before.record.get("step") or after.record.get("step") or ""
+    name = before.identity
+    kept = f"{written(name)} {written(before.kept[name])}, " if name else ""
+    text = text or before.text or after.text
+    where = Text.assemble((f"{kept}line {before.number}", "bold"), f"  {written(step)}")
+    yield where + Text(f"  {written(shortened(text))}" if text else "")
+    for change in changes:
+        line = Text.assemble(f"{written(change.name):<22}", (change.before, "red"), " -> ")
+        yield Padding.indent(line + Text(change.after, "green"), 4)
+
+
+def _texts(requests: str | None, numbers: set[int]) -> dict[int, str]:
+    if requests is None:
+        return {}
+    numbered = enumerate(read_texts(requests), 1)
+    return {number: text for number, text in numbered if number in numbers}

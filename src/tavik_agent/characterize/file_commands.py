@@ -1,46 +1,46 @@
 """The commands that work on files of requests and records."""
 
+from typing import get_type_hints
+
 import click
+from tavik_agent.characterization_types import CharacterizationRecord
 
 from . import NAME
 from .batch import answer_all
-from .compare import compare
-from .terminal import console_for_output
 
 
 @click.command()
-@click.argument("source", metavar="IN.jsonl")
+@click.argument("source", metavar="IN", type=click.Path(readable=False))
 @click.option(
     "-o",
     "--output",
     "target",
-    metavar="OUT.jsonl",
+    metavar="OUT",
+    type=click.Path(readable=False),
     default="-",
-    help="A new file; standard output when left out.",
+    help="A new file, complete when it appears; standard output when left out.",
 )
-@click.option("--resume", is_flag=True, help="Go on after the whole lines that OUT.jsonl holds.")
-def batch(source: str, target: str, resume: bool) -> int:
-    """Answer the requests in IN.jsonl, a JSON object a line, with a record a line.
+@click.option("--resume", is_flag=True, help="Go on with the unfinished run of OUT.part.")
+@click.option(
+    "--keep", metavar="KEY", multiple=True, help="Copy this entry of a request, an id say."
+)
+@click.option("--jobs", metavar="N", type=click.IntRange(1), default=1, help="Use N processes.")
+def batch(source: str, target: str, resume: bool, keep: tuple[str, ...], jobs: int) -> int:
+    """Answer the requests in IN, a JSON object a line, with a record a line.
 
-    A line that is no request is answered with an error object, {"error": {"line": ..., "message":
-    ...}}, and reported on standard error; the exit status is then 1. "-" is a standard stream.
+    A line that is no request is answered with an error object, {"error": {"line": ..., "kind":
+    ..., "message": ...}}; the exit status is then 1. Files named .gz or .zst are compressed. "-" is
+    a standard stream.
     """
     if resume and target == "-":
-        raise click.UsageError("--resume goes with -o OUT.jsonl")
-    tally = answer_all(source, target, resume=resume)
-    if tally.bad:
-        click.echo(f"{NAME}: {tally.bad} of {tally.lines} lines are bad", err=True)
-    return 1 if tally.bad else 0
-
-
-@click.command("compare")
-@click.argument("before", metavar="A.jsonl")
-@click.argument("after", metavar="B.jsonl")
-def compare_runs(before: str, after: str) -> int:
-    """Show which labels changed from A.jsonl to B.jsonl, by request and counted by field.
-
-    Exit status 0 when none did, 1 when some did.
-    """
-    if before == after == "-":
-        raise click.UsageError("standard input can be only one of the two")
-    return 0 if compare(console_for_output(), before, after) else 1
+        raise click.UsageError("--resume goes with -o OUT")
+    if taken := [key for key in keep if key in get_type_hints(CharacterizationRecord)]:
+        raise click.UsageError(f"--keep {taken[0]}: the record has an entry of that name")
+    keep = tuple(dict.fromkeys(keep))
+    done = answer_all(source, target, keep=keep, jobs=jobs, resume=resume)
+    troubles = done.troubles
+    if bad := sum(troubles.errors.values()):
+        click.echo(f"{NAME}: {bad:,} of {done.lines:,} lines are bad", err=True)
+    for kind, times in (troubles.errors | troubles.warnings).items():
+        click.echo(f"{times:>9,}  {kind}", err=True)
+    return 1 if bad else 0

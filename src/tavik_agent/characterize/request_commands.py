@@ -8,9 +8,9 @@ from typing import Any, Literal, get_args, get_origin, get_type_hints
 import click
 from tavik_agent.characterization_types import EnergyUnit, QueryIntent
 
-from . import NAME
-from .files import input_place, json_bytes, read_json
-from .request import characterize, check
+from . import NAME, PACKAGE
+from .files import input_place, json_bytes, read_bytes, read_json
+from .request import characterize, check, decode_request, slips
 from .screen import show_record
 from .terminal import console_for_output
 
@@ -48,7 +48,14 @@ def _words(hint: Any) -> list[str]:
     epilog=f"""\b
 Other commands; a QUERY that begins with such a word or with "-" goes behind "--":
   {NAME} batch    answer a file of requests
-  {NAME} compare  show which labels changed between two runs"""
+  {NAME} compare  show which labels changed between two runs
+  {NAME} summary  sum up a run: labels, undecided fields, errors
+  {NAME} schema   print the JSON Schema of a request, an intent or a record
+
+\b
+Completion of words, in bash (or zsh, fish):
+  eval "$(_TAVIK_CHARACTERIZE_COMPLETE=bash_source {NAME})"
+"""
 )
 @click.argument("query", nargs=-1)
 @click.option("--request", "file", metavar="FILE", help="All arguments, as a JSON object.")
@@ -59,6 +66,7 @@ Other commands; a QUERY that begins with such a word or with "-" goes behind "--
     "--finding", "findings", metavar="TEXT", multiple=True, help="A finding; may be repeated."
 )
 @click.option("--base", metavar="FILE", help="An earlier record, to merge the new one into.")
+@click.version_option(package_name=PACKAGE, prog_name=NAME, message="%(prog)s %(version)s")
 @click.option("--json", "as_json", is_flag=True, help="Print the record as JSON.")
 def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) -> int:
     """Characterize the request QUERY and show its record.
@@ -71,8 +79,10 @@ def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) 
     if file is None and not typed_arguments:
         raise click.UsageError("expected a request in words or --request FILE; see --help")
     place = "the request" if file is None else input_place(file)
-    given = {"step": ""} if file is None else check(read_json(file), place)
+    given = {"step": ""} if file is None else decode_request(read_bytes(file), place)
     arguments = _replaced(given, typed_arguments)
+    for slip in slips(arguments.get("query_intent") or ()):
+        click.echo(f"{place}: warning: {slip}", err=True)
     record = characterize(arguments, place)
     if as_json:
         sys.stdout.buffer.write(json_bytes(record, place, indent=True))
@@ -92,6 +102,8 @@ def _arguments(
 ) -> dict[str, Any]:
     """The arguments that were typed, and no others."""
     symbols = re.findall(r"[^,\s]+", species or "")
+    if wrong := [symbol for symbol in symbols if not re.fullmatch("[A-Za-z]{1,3}", symbol)]:
+        raise click.UsageError(f'--species: expected symbols, as "Fe,O", not {wrong[0]!r}')
     earlier = {} if base is None else {"base_characterization": read_json(base)}
     typed = {
         "step": step,

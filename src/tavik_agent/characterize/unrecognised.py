@@ -1,0 +1,67 @@
+"""Which words of a text look like a formula or like the name of a compound. Where such a text gave
+no species, they are what the chemistry tables may lack.
+"""
+
+import re
+import unicodedata
+from collections import Counter
+from collections.abc import Iterator
+
+from tavik_agent.material_reference_data import KNOWN_ELEMENT_SYMBOLS
+from tavik_agent.method_acronyms import METHOD_ACRONYMS
+
+# What LaTeX and HTML put around a subscript.
+MARKUP = re.compile(r"</?su[bp]>|\\(?:mathrm|text|rm|ce)\b\s*|[${}_\\]")
+WORD = re.compile(r"[\w()\[\].]+")
+SYMBOL = "|".join(sorted(KNOWN_ELEMENT_SYMBOLS, key=len, reverse=True))
+SYMBOLS = re.compile(rf"(?:[(\[]*(?:{SYMBOL})[\d.)\]]*)+")
+SYMBOL_OF_TWO_LETTERS = re.compile("|".join(s for s in SYMBOL.split("|") if len(s) == 2))
+# perovskite, dihalide, titanate, borophene, silicane, olivine, lawrencium, their plurals
+NAME = re.compile(r"[a-z]{3,}(?:it|id|at|en|an|in)es?|[a-z]{3,}iums?")
+
+
+def candidates(text: str) -> set[str]:
+    """Formulas as they are written, names in small letters; without markup."""
+    plain = MARKUP.sub("", unicodedata.normalize("NFKC", text))
+    return {found for word in WORD.findall(plain) for found in _candidate(_bare(word))}
+
+
+def _bare(word: str) -> str:
+    """The word without the brackets and the full stop of its sentence; (CH3)2CO keeps its own."""
+    word = word.strip(".")
+    if word.count("(") != word.count(")") or (word.startswith("(") and word.endswith(")")):
+        return word.strip("()")
+    return word
+
+
+def _candidate(word: str) -> Iterator[str]:
+    if _is_formula(word):
+        yield word
+    elif NAME.fullmatch(name := word.lower()):
+        yield name
+
+
+def _is_formula(word: str) -> bool:
+    """Symbols of two elements; with a number also other letters, as in the formula MAPbI3."""
+    if word.upper() in METHOD_ACRONYMS or sum(map(str.isupper, word)) < 2:
+        return False
+    if any(map(str.isdecimal, word)):
+        return bool(SYMBOLS.fullmatch(word) or SYMBOL_OF_TWO_LETTERS.search(word))
+    return not word.isupper() and bool(SYMBOLS.fullmatch(word))
+
+
+class Unrecognised:
+    """Counts the requests without species in which a candidate stands. One that stands as often in
+    requests with species is an ordinary word, or names no material.
+    """
+
+    def __init__(self) -> None:
+        self._without: Counter[str] = Counter()
+        self._with: Counter[str] = Counter()
+
+    def add(self, text: str, *, with_species: bool) -> None:
+        (self._with if with_species else self._without).update(candidates(text))
+
+    def found(self) -> Counter[str]:
+        words = self._without.items()
+        return Counter({word: times for word, times in words if times > self._with[word]})
