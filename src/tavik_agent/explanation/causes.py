@@ -74,17 +74,12 @@ def _wording(trials: Trials, document: Document, label: Any, rule: _Rule) -> lis
     def is_decided(texts: list[str]) -> bool:
         return bool(trials.label(texts, rule.questions) == label)
 
-    if not isinstance(label, list):
-        return deciding_pieces(document, is_decided)
-    pieces: list[Piece] = []
-    for member in label:
+    def is_in_part(texts: list[str]) -> bool:
+        found = trials.label(texts, rule.questions)
+        return isinstance(found, list) and not members.isdisjoint(found)
 
-        def is_found(texts: list[str], member: Any = member) -> bool:
-            found = trials.label(texts, rule.questions)
-            return isinstance(found, list) and member in found
-
-        pieces += deciding_pieces(document, is_found)
-    return sorted(pieces)
+    members = frozenset(label if isinstance(label, list) else ())
+    return deciding_pieces(document, is_in_part if members else is_decided)
 
 
 def _leaves(questions: list[Question]) -> list[Question]:

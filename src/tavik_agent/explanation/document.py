@@ -56,13 +56,14 @@ class Document:
     def only(self, pieces: Sequence[Piece], guard: str = GUARD) -> list[str]:
         """The texts of which only these pieces are left. With a guard, words cut by a piece are not
         taken for whole words."""
-        kept: dict[int, list[str]] = {}
+        texts = [""] * len(self._left)
         for n, start, end in self._in_texts(pieces):
             left = self._left[n]
             before = guard if start > 0 else ""
             after = guard if end < len(left) else ""
-            kept.setdefault(n, []).append(before + left[start:end] + after)
-        return [GAP.join(kept.get(n, ())) for n in range(len(self._left))]
+            gap = GAP if texts[n] else ""
+            texts[n] += f"{gap}{before}{left[start:end]}{after}"
+        return texts
 
     def text(self, piece: Piece) -> str:
         """The characters of a piece, of all texts that it touches."""

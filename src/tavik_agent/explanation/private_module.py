@@ -17,6 +17,8 @@ from .notes import NotedFunction, NotedTable, Notes
 
 # Asked of every word of a text. What they hold is found by shrinking the text, not by their notes.
 OF_THE_SCAN = ("KNOWN_ELEMENT_SYMBOLS", "_NON_FORMULA_TOKENS", "METHOD_ACRONYMS")
+# Called by other functions than the driver; a trial has no reason to replace them.
+CALLED_BY_OTHERS = ("_formula_parts",)
 
 
 class PrivateModule:
@@ -50,7 +52,7 @@ class PrivateModule:
         self._characterize = self._functions["characterize_material"]
         self.follow()
         for name in self._functions:
-            if name.startswith("_"):
+            if name.startswith("_") and name not in CALLED_BY_OTHERS:
                 setattr(self._module, name, self._passing_on(name))
 
     def _passing_on(self, name: str) -> Callable[..., Any]:
@@ -68,6 +70,8 @@ class PrivateModule:
 
     def follow(self) -> None:
         """Binds the tables and reference functions that the module in use has now."""
+        for name in CALLED_BY_OTHERS:
+            setattr(self._module, name, self.function(name))
         for name, own in self._own.items():
             value = vars(in_use).get(name, own)
             if name in self._functions or self._bound.get(name, self) is value:
