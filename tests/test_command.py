@@ -22,19 +22,20 @@ README = (Path(__file__).parents[1] / "README.md").read_text(encoding="utf-8")
 SCREEN = """\
 Relax\\x1b NiO in eV
 
-field                  label      evidence
+field                  label     why
 step                   RELAX
 structure_mode         unknown
 structure_archetype    unknown
-electronic_class       insulator  3 electronic class=insulator
+electronic_class       insulator NiO in DFTU_SENSITIVE_FORMULAS
 magnetic_class         unknown
-correlation_class      plain_dft  4 correlation class=plain_dft
-material_family        oxide      6 material family=oxide
-species                Fe, O      1 element definitions declare species ['Fe', 'O']
-formula_hint           NiO        2 formula hint NiO
-requested_energy_unit  eV         7 query requested eV energy semantics (prose fallback)
+correlation_class      plain_dft intent complexity_hint
+material_family        oxide     formula NiO
+                                 O among the species
+species                Fe, O     step_params.element
+formula_hint           NiO       "NiO" in the query
+requested_energy_unit  eV        "eV" in the query
 explicit_spin_mode     -
-intent_complexity      basic      5 user query flagged as basic (LLM intent) — {}
+intent_complexity      basic
 intent_correlation     -
 intent_magnetism       -
 intent_driven          true
@@ -62,7 +63,7 @@ def _in_a_folder_of_its_own(tmp_path, monkeypatch):
 def test_screen_in_a_pipe(capfd, monkeypatch):
     monkeypatch.setenv("COLUMNS", "40")
     assert run(REQUEST) == 0
-    assert capfd.readouterr() == (SCREEN.format(SUPPRESSED, SUPPRESSED), "")
+    assert capfd.readouterr() == (SCREEN.format(SUPPRESSED), "")
 
 
 def test_screen_in_the_readme(capfd):
@@ -74,10 +75,10 @@ def test_screen_in_the_readme(capfd):
 @pytest.mark.parametrize("width", [30, 50, 80])
 def test_screen_on_a_terminal(width, on_terminal):
     screen = on_terminal([*COMMAND, *REQUEST], width)
-    assert "\x1b[1;36mplain_dft" in screen
+    assert "\x1b[1;35mplain_dft" in screen
     lines = re.sub(r"\x1b\[[\d;]*m", "", screen).split("\r\n")
     assert max(map(len, lines)) <= width
-    assert "".join("".join(lines).split()).count(SUPPRESSED.replace(" ", "")) == 2
+    assert "".join("".join(lines).split()).count(SUPPRESSED.replace(" ", "")) == 1
 
 
 def test_odd_values_in_a_record(capfd):
@@ -88,7 +89,7 @@ def test_odd_values_in_a_record(capfd):
     assert run(["--base", "base"]) == 0
     screen = " ".join(capfd.readouterr().out.split())
     assert screen.startswith(
-        "field label evidence note:smile: {'a': 1} seen null intent_driven false"
+        "field label why note:smile: {'a': 1} seen null intent_driven false"
     )
     assert screen.endswith(r" nan evidence, in the order of the decisions 1 \x1b[2J\ud800")
 

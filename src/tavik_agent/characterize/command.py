@@ -10,9 +10,10 @@ import click
 from . import FAILURE, NAME
 from .file_commands import batch, compare_runs
 from .files import InputError, input_errors_at
-from .request_commands import show
+from .lookup_command import lookup
+from .request_commands import explain, show
 
-COMMANDS = {"batch": batch, "compare": compare_runs}
+COMMANDS = {"explain": explain, "lookup": lookup, "batch": batch, "compare": compare_runs}
 
 
 def run(words: Sequence[str]) -> int:

@@ -8,6 +8,7 @@ change here.
 """
 
 from .explain import explain
+from .lookup import Answer, lookup
 from .results import Cause, Explanation, FieldExplanation
 
-__all__ = ["Cause", "Explanation", "FieldExplanation", "explain"]
+__all__ = ["Answer", "Cause", "Explanation", "FieldExplanation", "explain", "lookup"]

@@ -40,10 +40,11 @@ class _Source:
         self.file = module.__name__.removeprefix(PACKAGE).replace(".", "/") + ".py"
         if Path(module.__file__ or "").name == "__init__.py":
             self.file = self.file.replace(".py", "/__init__.py")
-        self.head = ast.get_docstring(ast.parse(text)) or ""
         self.statements: dict[str, ast.stmt] = {}
         self.imports: dict[str, str] = {}
-        for statement in ast.parse(text).body:
+        body = ast.parse(text).body
+        self._head_lines = body[0].end_lineno or 0
+        for statement in body:
             self._read(statement)
         self._strings = [
             _Word(token.start[0] + n, line)
@@ -85,6 +86,18 @@ class _Source:
         comment = [text.lstrip().removeprefix("#").strip() for text in self.lines[number:end]]
         return " ".join(text for text in comment if text not in ("fmt: off", "fmt: on"))
 
+    def remarks(self) -> Iterator[tuple[int, str]]:
+        """The paragraphs of the head and the comments, each with its first line."""
+        paragraph: list[str] = []
+        for number, line in enumerate([*self.lines, ""], 1):
+            text = line.strip()
+            in_head = number <= self._head_lines and text not in ("", '"""')
+            if in_head or (text.startswith("#") and not text.startswith("# fmt:")):
+                paragraph.append(text.strip('"#').strip())
+            elif paragraph:
+                yield number - len(paragraph), " ".join(paragraph)
+                paragraph = []
+
 
 class _Found(NamedTuple):
     source: _Source
@@ -113,6 +126,13 @@ def source_of(table: str, entry: str) -> Cause:
     if (rule := _rule_at(source, line, text)) is not None:
         place["rule"] = rule
     return place
+
+
+def remarks() -> Iterator[tuple[str, int, str]]:
+    """The comments of the tables: file, line and text."""
+    for source in _sources().values():
+        for line, text in source.remarks():
+            yield source.file, line, text
 
 
 def _rule_at(source: _Source, line: int, entry: str) -> str | None:
