@@ -6,6 +6,7 @@ import copy
 import inspect
 import json
 import re
+import threading
 from pathlib import Path
 from unittest import mock
 
@@ -14,7 +15,7 @@ from reliability.generate import REQUESTS, Generator
 
 from tavik_agent import material_characterization as mc
 from tavik_agent import material_reference_data as reference
-from tavik_agent.explanation import explain
+from tavik_agent.explanation import explain, lookup
 
 EMPTY = mc.characterize_material(step="")
 TEXTS = re.compile(r"query_text|findings|planner_manifest|query_intent.structure_description")
@@ -197,6 +198,8 @@ def assert_proven(request):
                 decide(field, request, calls, blanked(texts, p, alone=True), []) for p in pairs
             ]
             if field == "species":
+                named = {symbol for other in wording for symbol in other["symbols"]}
+                assert named >= {*label} or len(wording) < len(own)
                 assert mc._species_from_text(cause["text"]) == cause["symbols"]
                 assert {*cause["symbols"]} & {*label}
             else:
@@ -229,3 +232,112 @@ def test_table_causes_name_a_line_that_holds_the_entry():
     wrong = [n for n in named if (n[3] or n[2]) not in lines[n[0]][n[1] - 1]]
     assert wrong == []
     assert sum(bool(rule) for *_, rule in named) < len(named) / 10
+
+
+@pytest.mark.parametrize(
+    ("request_", "field", "expected"),
+    [
+        ({"query_text": "İ associated \ud800"}, "magnetic_class", [("query_text", 4, 7, "soc")]),
+        (
+            {"query_text": "\u2003 half-metal,\n"},
+            "electronic_class",
+            [("query_text", 7, 12, "metal")],
+        ),
+        (
+            {"findings": [None, {"of": " slab"}, "SLAB"], "query_text": ""},
+            "structure_mode",
+            [("findings[1]", 9, 13, "slab"), ("findings[2]", 0, 4, "SLAB")],
+        ),
+        (
+            {"planner_manifest": {"purpose": {1: "soc"}, "notes": ["a", " soc"]}},
+            "magnetic_class",
+            [("planner_manifest.purpose", 5, 8, "soc"), ("planner_manifest.notes[1]", 1, 4, "soc")],
+        ),
+        (
+            {"query_text": "gallium", "findings": iter(["arsenide"])},
+            "formula_hint",
+            [("query_text", 0, 7, "gallium"), ("findings[0]", 0, 8, "arsenide")],
+        ),
+        (
+            {"query_text": "a tip on samples, a sample, a Sample and no tip"},
+            "structure_archetype",
+            [
+                *(("query_text", 2, 5, "tip"), ("query_text", 20, 26, "sample")),
+                *(("query_text", 30, 36, "Sample"), ("query_text", 44, 47, "tip")),
+            ],
+        ),
+        ({"query_text": "α-fe₂o₃ heated"}, "formula_hint", [("query_text", 0, 7, "α-fe₂o₃")]),
+    ],
+)
+def test_places_of_words(request_, field, expected):
+    causes = explain(step="scf", **request_)["fields"][field]["causes"]
+    assert [(c["where"], c["start"], c["end"], c["text"]) for c in causes] == expected
+
+
+def test_earlier_record_and_what_decided_first():
+    base = {"species": ["Si"], "magnetic_class": "nonmagnetic"}
+    fields = explain(step="x", query_text="Si", base_characterization=base)["fields"]
+    assert [c["kind"] for c in fields["species"]["causes"]] == ["wording", "earlier record"]
+    intent = {"correlation": "hybrid"}
+    fields = explain(step="x", query_text="DFT+U for Fe2O3", query_intent=intent)["fields"]
+    kinds = [cause["kind"] for cause in fields["correlation_class"]["causes"]]
+    assert kinds == ["intent", "wording", "table", "function"]
+
+
+def test_explain_fails_where_the_rules_do_and_changes_nothing():
+    generator = Generator(5)
+    for _ in range(400):
+        request, is_good = generator.request()
+        before = repr(request) if is_good else None
+        try:
+            record = mc.characterize_material(**request)
+        except Exception as error:
+            with pytest.raises(type(error)):
+                explain(**request)
+        else:
+            assert repr(explain(**request)["record"]) == repr(record)
+        assert not is_good or repr(request) == before
+
+
+def test_tables_replaced_in_the_module_in_use_are_asked(monkeypatch):
+    monkeypatch.setattr(mc, "SEMICONDUCTOR_FORMULAS", frozenset({"Xx"}))
+    found = explain(step="", query_intent={"formula": "Xx"})["fields"]["electronic_class"]
+    assert (found["label"], found["causes"][0]["entry"]) == ("semiconductor", "Xx")
+
+
+def test_threads_explain_side_by_side():
+    queries = ["GaN with soc", "hubbard NiO", "graphene"] * 4
+    expected = [explain(step="", query_text=query) for query in queries]
+    found = [None] * len(queries)
+
+    def work(n):
+        found[n] = explain(step="", query_text=queries[n])
+
+    threads = [threading.Thread(target=work, args=(n,)) for n in range(len(queries))]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert found == expected
+
+
+@pytest.mark.parametrize(
+    ("word", "kinds", "table", "said"),
+    [
+        ("hematite", ["phrase"], "DFTU_SENSITIVE_FORMULAS", ""),
+        ("IN", ["acronym"], "METHOD_ACRONYMS", ""),
+        ("Fe", ["element"], "phase1_simple_ferromagnet_species", ""),
+        ("ZrTe5", ["phrase", "formula"], "FORMULA_ALIASES", "Left out on purpose"),
+    ],
+)
+def test_lookup(word, kinds, table, said):
+    answer = lookup(word)
+    assert [reading["kind"] for reading in answer["readings"]] == kinds
+    assert table in [cause["table"] for cause in answer["tables"]]
+    assert said in "".join(remark["note"] for remark in answer["left_out"])
+
+
+def test_lookup_of_what_no_table_holds():
+    answer = lookup("galium")
+    assert (answer["readings"], answer["tables"], answer["alone"]) == ([], [], {})
+    assert answer["nearest"][0] == "gallium"

@@ -4,6 +4,8 @@ that says so."""
 import re
 from collections import Counter
 from collections.abc import Iterable, Mapping
+from itertools import groupby
+from operator import itemgetter
 from typing import Any
 
 from rich.text import Text
@@ -32,7 +34,7 @@ PLACES = {
     "planner_manifest.notes": "the notes",
     "query_intent.structure_description": "the structure",
 }
-AT_MOST = 3  # lines beside a label
+AT_MOST = 4  # lines beside a label
 
 
 def counts_inside(cause: Cause) -> bool:
@@ -99,7 +101,12 @@ def coloured_texts(arguments: Mapping[str, Any], fields: Mapping[str, Any]) -> d
             for n in range(cause["start"], cause["end"]):
                 texts[where][n] = (texts[where][n][0], style)
     return {
-        where: Text.assemble(*((written(c), style) for c, style in characters))
+        where: Text.assemble(
+            *(
+                ("".join(written(character) for character, _ in run), style)
+                for style, run in groupby(characters, key=itemgetter(1))
+            )
+        )
         for where, characters in texts.items()
     }
 

@@ -74,12 +74,32 @@ def _wording(trials: Trials, document: Document, label: Any, rule: _Rule) -> lis
     def is_decided(texts: list[str]) -> bool:
         return bool(trials.label(texts, rule.questions) == label)
 
-    def is_in_part(texts: list[str]) -> bool:
-        found = trials.label(texts, rule.questions)
-        return isinstance(found, list) and not members.isdisjoint(found)
+    if not isinstance(label, list):
+        return deciding_pieces(document, is_decided)
+    return _mentions(trials, document, frozenset(label), rule)
 
-    members = frozenset(label if isinstance(label, list) else ())
-    return deciding_pieces(document, is_in_part if members else is_decided)
+
+def _mentions(
+    trials: Trials, document: Document, members: frozenset[str], rule: _Rule
+) -> list[Piece]:
+    """The pieces that give any of the members, and for a member that none of them gives by itself
+    the longer pieces that do."""
+
+    def found_in(texts: list[str]) -> frozenset[str]:
+        found = trials.label(texts, rule.questions)
+        return members & frozenset(found if isinstance(found, list) else ())
+
+    pieces = deciding_pieces(document, lambda texts: bool(found_in(texts)))
+    for member in members.difference(*(found_in(document.given([p])) for p in pieces)):
+        document.restore(pieces)
+
+        def is_found(texts: list[str], member: str = member) -> bool:
+            return member in found_in(texts)
+
+        longer = deciding_pieces(document, is_found)
+        pieces = sorted({*pieces, *longer})
+        document.blank(pieces)
+    return pieces
 
 
 def _leaves(questions: list[Question]) -> list[Question]:

@@ -65,6 +65,13 @@ class Document:
             texts[n] += f"{gap}{before}{left[start:end]}{after}"
         return texts
 
+    def given(self, pieces: Sequence[Piece]) -> list[str]:
+        """The texts as they were given, of which only these pieces are left."""
+        texts = [""] * len(self._given)
+        for n, start, end in self._in_texts(pieces):
+            texts[n] += self._given[n][start:end] + GAP
+        return texts
+
     def text(self, piece: Piece) -> str:
         """The characters of a piece, of all texts that it touches."""
         return "".join(self._left[n][start:end] for n, start, end in self._in_texts([piece]))
