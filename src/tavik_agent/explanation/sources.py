@@ -14,7 +14,7 @@ import sys
 import tokenize
 from collections.abc import Callable, Iterator, Mapping
 from contextlib import suppress
-from functools import cache
+from functools import cache, cached_property
 from pathlib import Path
 from types import ModuleType
 from typing import NamedTuple
@@ -23,11 +23,6 @@ from .results import Cause
 
 PACKAGE = "tavik_agent."
 DATA = ("tavik_agent.material_reference_data", "tavik_agent.method_acronyms")
-
-
-class _Word(NamedTuple):
-    line: int
-    text: str
 
 
 class _Source:
@@ -42,16 +37,26 @@ class _Source:
             self.file = self.file.replace(".py", "/__init__.py")
         self.statements: dict[str, ast.stmt] = {}
         self.imports: dict[str, str] = {}
+        self._names: dict[int, list[str]] = {}
         body = ast.parse(text).body
         self._head_lines = body[0].end_lineno or 0
         for statement in body:
             self._read(statement)
-        self._strings = [
-            _Word(token.start[0] + n, line)
-            for token in tokenize.generate_tokens(io.StringIO(text).readline)
-            if token.type == tokenize.STRING
-            for n, line in enumerate(str(ast.literal_eval(token.string)).split("\n"))
-        ]
+
+    @cached_property
+    def _lines(self) -> tuple[dict[str, list[int]], dict[str, list[int]]]:
+        """Where each string stands, and each word of one."""
+        strings: dict[str, list[int]] = {}
+        words: dict[str, list[int]] = {}
+        text = "\n".join([*self.lines, ""])
+        for token in tokenize.generate_tokens(io.StringIO(text).readline):
+            if token.type != tokenize.STRING:
+                continue
+            for n, string in enumerate(str(ast.literal_eval(token.string)).split("\n")):
+                strings.setdefault(string, []).append(token.start[0] + n)
+                for word in re.split(r"[\s;]+", string):
+                    words.setdefault(word, []).append(token.start[0] + n)
+        return strings, words
 
     def _read(self, statement: ast.stmt) -> None:
         match statement:
@@ -64,14 +69,18 @@ class _Source:
             case ast.Assign(targets=[ast.Name(id=name)]):
                 self.statements[name] = statement
 
+    def names_in(self, statement: ast.stmt) -> list[str]:
+        """The names that a statement mentions."""
+        if id(statement) not in self._names:
+            nodes = (node for node in ast.walk(statement) if isinstance(node, ast.Name))
+            self._names[id(statement)] = [*dict.fromkeys(node.id for node in nodes)]
+        return self._names[id(statement)]
+
     def line_of(self, statement: ast.stmt, entry: str, *, in_words: bool) -> int | None:
         """The line of the statement that holds the entry, as a string or as a word of one."""
-        for line, text in self._strings:
-            if statement.lineno <= line <= (statement.end_lineno or 0) and (
-                entry in re.split(r"[\s;]+", text) if in_words else text == entry
-            ):
-                return line
-        return None
+        last = statement.end_lineno or 0
+        lines = self._lines[in_words].get(entry, ())
+        return next((line for line in lines if statement.lineno <= line <= last), None)
 
     def note_at(self, line: int) -> str:
         """The comment of the group that the line is in, or the one above its statement."""
@@ -165,10 +174,9 @@ def _in_statement(
     if (line := source.line_of(statement, entry, in_words=in_words)) is not None:
         return _Found(source, line, entry)
     seen |= {id(statement)}
-    for node in ast.walk(statement):
-        if not isinstance(node, ast.Name) or not (named := _named(source, node.id)):
-            continue
-        if id(named[1]) in seen:
+    for name in source.names_in(statement):
+        named = _named(source, name)
+        if named is None or id(named[1]) in seen:
             continue
         if found := _in_statement(*named, entry, in_words=in_words, seen=seen):
             return found
@@ -186,12 +194,11 @@ def _named(source: _Source, name: str) -> tuple[_Source, ast.stmt] | None:
 def _as_made(phrase: str) -> _Found | None:
     """The entry that a row was made from, in the smaller tables of names and formulas; the rule of
     the first of them when none holds it in its source."""
+    meaning = _meaning_of(phrase)
     rows = [
-        (source, source.statements[name], base, value)
-        for source, name, table in _smaller_tables()
-        for base, value in _rows_of(phrase, table)
+        (source, source.statements[name], base, meaning)
+        for source, name, base in _bases_of(phrase, meaning)
     ]
-    rows.sort(key=lambda row: row[2] != phrase)
     for in_words in (False, True):
         for source, statement, base, value in rows:
             for entry in (base, value):
@@ -200,12 +207,20 @@ def _as_made(phrase: str) -> _Found | None:
     return _Found(rows[0][0], rows[0][1].lineno, phrase) if rows else None
 
 
-def _rows_of(phrase: str, table: Mapping[str, str]) -> Iterator[tuple[str, str]]:
-    """The rows with the meaning of the phrase of which a form is the phrase."""
-    meaning = _meaning_of(phrase)
-    for base, value in table.items():
-        if value == meaning and (base == phrase or _is_form_of(phrase, base)):
-            yield base, value
+def _bases_of(phrase: str, meaning: str) -> list[tuple[_Source, str, str]]:
+    """The rows of the smaller tables that hold the phrase, or else those of which it is a form."""
+    rows = _rows_by_meaning().get(meaning, [])
+    same = [row for row in rows if row[2] == phrase]
+    return same or [row for row in rows if _is_form_of(phrase, row[2])]
+
+
+@cache
+def _rows_by_meaning() -> dict[str, list[tuple[_Source, str, str]]]:
+    rows: dict[str, list[tuple[_Source, str, str]]] = {}
+    for source, name, table in _smaller_tables():
+        for base, meaning in table.items():
+            rows.setdefault(meaning, []).append((source, name, base))
+    return rows
 
 
 def _smaller_tables() -> Iterator[tuple[_Source, str, Mapping[str, str]]]:
@@ -218,10 +233,10 @@ def _smaller_tables() -> Iterator[tuple[_Source, str, Mapping[str, str]]]:
                 yield source, name, table
 
 
-def _meaning_of(phrase: str) -> str | None:
+def _meaning_of(phrase: str) -> str:
     package = sys.modules[DATA[0]]
     tables = [value for value in vars(package).values() if isinstance(value, Mapping)]
-    return next((table[phrase] for table in tables if phrase in table), None)
+    return next((str(table[phrase]) for table in tables if phrase in table), "")
 
 
 @cache
