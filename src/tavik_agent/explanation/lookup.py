@@ -106,7 +106,7 @@ def _held(
 
 def _nearest(word: str, tables: Mapping[str, Collection[Any]]) -> list[str]:
     """Spellings that differ in capitals alone, then those that differ little."""
-    plain = re.compile(r"[\w -]+")
+    plain = re.compile(r"[A-Za-z0-9 -]+")
     like = {
         entry
         for name, table in tables.items()

@@ -125,11 +125,16 @@ def _trimmed(document: Document, test: Test, pieces: list[Piece], n: int) -> Pie
     blanks = (len(text) - len(text.lstrip()), len(text) - len(text.rstrip()))
     for before, after in ((cuts[0], cuts[1]), (blanks[0], cuts[1]), (cuts[0], blanks[1]), blanks):
         cut = Piece(start + before, end - after)
-        if cut.start < cut.end and test(
-            document.only([*pieces[:n], cut, *pieces[n + 1 :]], guard="")
-        ):
+        if cut.start >= cut.end or _lost_a_bracket(document.text(cut)):
+            continue
+        if test(document.only([*pieces[:n], cut, *pieces[n + 1 :]], guard="")):
             return cut
     return pieces[n]
+
+
+def _lost_a_bracket(text: str) -> bool:
+    """Whether a bracket was cut off, as from "pt(111)"."""
+    return any(text.count(a) != text.count(b) for a, b in ("()", "[]", "{}"))
 
 
 def _same_elsewhere(document: Document, test: Test, piece: Piece) -> list[Piece]:

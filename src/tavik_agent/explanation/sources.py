@@ -102,7 +102,7 @@ class _Source:
             text = line.strip()
             in_head = number <= self._head_lines and text not in ("", '"""')
             if in_head or (text.startswith("#") and not text.startswith("# fmt:")):
-                paragraph.append(text.strip('"#').strip())
+                paragraph.append(text.lstrip("#").replace('"""', "").strip())
             elif paragraph:
                 yield number - len(paragraph), " ".join(paragraph)
                 paragraph = []
