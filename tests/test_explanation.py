@@ -307,6 +307,18 @@ def test_tables_replaced_in_the_module_in_use_are_asked(monkeypatch):
     assert (found["label"], found["causes"][0]["entry"]) == ("semiconductor", "Xx")
 
 
+def test_a_value_that_explains_in_between():
+    class Curious:
+        def __str__(self):
+            explain(step="", query_text="DFT+U for Fe2O3 in eV", query_intent={"formula": "NiO"})
+            return "soc"
+
+    def found(finding):
+        return explain(step="", query_text="NiO", findings=[finding])
+
+    assert found(Curious()) == found("soc")
+
+
 def test_threads_explain_side_by_side():
     queries = ["GaN with soc", "hubbard NiO", "graphene"] * 4
     expected = [explain(step="", query_text=query) for query in queries]

@@ -36,7 +36,7 @@ def explain(**arguments: Any) -> Explanation:
     Returns {"record": ..., "fields": {field: {"label": ..., "causes": [...], "otherwise": ...}}}.
     """
     module = private_module()
-    with module.lock:
+    with module.lock, module.notes.apart(), module.replaced({}):
         module.follow()
         recording = record(module, arguments)
         wiring = _wiring(with_query=bool(recording.texts[0][1]))

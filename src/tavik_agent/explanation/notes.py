@@ -4,7 +4,7 @@ decided is read off the notes.
 """
 
 from collections.abc import Callable, Collection, Iterator, Mapping
-from contextlib import suppress
+from contextlib import contextmanager, suppress
 from typing import Any
 
 type Question = tuple[Any, ...]
@@ -15,17 +15,30 @@ type Question = tuple[Any, ...]
 class Notes:
     """The questions of one trial with their answers, and which of them may be answered yes."""
 
+    kept: Collection[Question] | None
+    denied: Collection[Question]
+    asked: list[tuple[Question, bool]]
+    species: frozenset[str] = frozenset()
+    """The entries that are noted when a whole table is compared with the species."""
+
     def __init__(self) -> None:
         self.begin()
-        self.species: frozenset[str] = frozenset()
-        """The entries that are noted when a whole table is compared with the species."""
+
+    @contextmanager
+    def apart(self) -> Iterator[None]:
+        """Keeps the trial that is going on, in case a value of its request asks in between."""
+        before = dict(vars(self))
+        self.begin()
+        try:
+            yield
+        finally:
+            vars(self).update(before)
 
     def begin(
         self, kept: Collection[Question] | None = None, denied: Collection[Question] = ()
     ) -> None:
         """Starts a trial: `denied` are answered no, and so is all but `kept` when it is given."""
-        self.kept, self.denied = kept, denied
-        self.asked: list[tuple[Question, bool]] = []
+        self.kept, self.denied, self.asked = kept, denied, []
 
     def allows(self, question: Question) -> bool:
         return question not in self.denied and (self.kept is None or question in self.kept)

@@ -42,7 +42,7 @@ class PrivateModule:
             if getattr(value, "__self__", None) is self._module
         }
         self._bound: dict[str, Any] = {}
-        self._replaced: dict[str, Callable[..., Any]] = {}
+        self._replaced: Mapping[str, Callable[..., Any]] = {}
         self.lock = threading.RLock()
         self.notes = Notes()
         self.parameters = {
@@ -98,7 +98,7 @@ class PrivateModule:
     def replaced(self, functions: Mapping[str, Callable[..., Any]]) -> Iterator[None]:
         """Lets calls from one function of the module to another reach these instead."""
         before = self._replaced
-        self._replaced = {**functions}
+        self._replaced = functions
         try:
             yield
         finally:

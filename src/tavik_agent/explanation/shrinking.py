@@ -17,10 +17,15 @@ def deciding_pieces(document: Document, test: Test) -> list[Piece]:
     """All pieces that have a part in the test's being true; they are blanked in the document."""
     found: list[Piece] = []
     at = 0
-    while test(document.whole()):
+    while True:
+        if not test(document.only([Piece(at, len(document))])):
+            if at == 0:
+                break
+            at = 0
+            continue
         pieces = _next_pieces(document, test, at)
-        if not pieces:
-            break
+        if not any(document.text(piece).strip() for piece in pieces):
+            break  # an answer that does not depend on the words
         if len(pieces) == 1:
             pieces += _same_elsewhere(document, test, pieces[0])
             at = pieces[0].end
@@ -32,11 +37,7 @@ def deciding_pieces(document: Document, test: Test) -> list[Piece]:
 
 
 def _next_pieces(document: Document, test: Test, at: int) -> list[Piece]:
-    """The pieces that decide together and end first."""
-    if not test(document.only([Piece(at, len(document))])):
-        at = 0
-    if not test(document.only([Piece(at, len(document))])):
-        return []
+    """The pieces behind a place that decide together and end first."""
     end = _least(at, len(document), lambda end: test(document.only([Piece(at, end)])))
     back = _least(0, end - at, lambda size: test(document.only([Piece(end - size, end)])))
     pieces = _needed(document, test, Piece(end - back, end))
@@ -155,7 +156,8 @@ def _with_alternatives(document: Document, test: Test, pieces: list[Piece]) -> l
     for piece in found:
         hidden = [piece]
         document.blank(hidden)
-        while test(document.whole()) and (others := _next_pieces(document, test, 0)):
+        while test(document.whole()):
+            others = _next_pieces(document, test, 0)
             new = [other for other in others if other not in found]
             if not new:
                 break

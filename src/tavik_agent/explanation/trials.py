@@ -124,14 +124,15 @@ class OfDriver(Trials):
         }
         self._species = recording.given.get("_electronic_class", {}).get("species", [])
         self._joined = ""
+        self._functions = self._made_functions()
 
     def decide(self, texts: list[str]) -> Any:
         self._joined = self.joined(texts)
-        with self.module.replaced(self._functions()):
+        with self.module.replaced(self._functions):
             record = self.module.characterize({"step": "", QUERY_TEXT: texts[0], **self._request})
         return record[self._field]
 
-    def _functions(self) -> dict[str, Callable[..., Any]]:
+    def _made_functions(self) -> dict[str, Callable[..., Any]]:
         functions: dict[str, Callable[..., Any]] = {
             name: (lambda *values, _label=self.wiring.undecided[field], **named: _label)
             for field, name in self.wiring.classifiers.items()
@@ -140,13 +141,15 @@ class OfDriver(Trials):
         if self._field == "species":
             functions["_species_from_element_block"] = self._declared
         else:
-            alone = "species" in self.without or self.notes.kept is not None
-            species = [] if alone else self._species
-            functions["_species_from_element_block"] = lambda block: list(species)
+            functions["_species_from_element_block"] = lambda block: self._given_species()
             functions["_species_from_text"] = lambda text: []
         if self._field != "formula_hint":
             functions["_formula_hint"] = lambda text, species: ""
         return functions
+
+    def _given_species(self) -> list[str]:
+        alone = "species" in self.without or self.notes.kept is not None
+        return [] if alone else list(self._species)
 
     def _declared(self, block: Any) -> Any:
         read = self.module.function("_species_from_element_block")
