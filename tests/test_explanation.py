@@ -268,6 +268,7 @@ def test_table_causes_name_a_line_that_holds_the_entry():
         ),
         ({"query_text": "on (Pt(111))"}, "species", [("query_text", 4, 6, "Pt")]),
         ({"query_text": "CO/Pt(111) 5 K"}, "formula_hint", [("query_text", 3, 10, "Pt(111)")]),
+        ({"query_text": "x\nSNI2.-"}, "formula_hint", [("query_text", 0, 8, "x\nSNI2.-")]),
         ({"query_text": "α-fe₂o₃ heated"}, "formula_hint", [("query_text", 0, 7, "α-fe₂o₃")]),
     ],
 )

@@ -11,6 +11,7 @@ from .document import GUARD, Document, Piece
 
 type Test = Callable[[list[str]], bool]
 FIRST_STEP = 16
+WIDER = 64
 
 
 def deciding_pieces(document: Document, test: Test) -> list[Piece]:
@@ -130,6 +131,11 @@ def _trimmed(document: Document, test: Test, pieces: list[Piece], n: int) -> Pie
             continue
         if test(document.only([*pieces[:n], cut, *pieces[n + 1 :]], guard="")):
             return cut
+    # Between blanks the words can mean something else; what touches them in the text does matter.
+    for more in range(1, WIDER):
+        around = Piece(max(start - more, 0), min(end + more, len(document)))
+        if test(document.only([*pieces[:n], around, *pieces[n + 1 :]], guard="")):
+            return around
     return pieces[n]
 
 
