@@ -48,7 +48,7 @@ lint: check-tools $(module_ready)
 	$(bin)/ruff format --check .
 	$(bin)/ruff check .
 	$(bin)/mypy src/tavik_agent/reference_data src/tavik_agent/typing/characterization_types.py \
-	  src/tavik_agent/characterize benchmarks evaluation examples scripts
+	  src/tavik_agent/characterize src/tavik_agent/explanation benchmarks evaluation examples scripts
 	$(bin)/stubtest tavik_agent.material_characterization
 
 fuzz: check-tools $(module_ready)

@@ -18,6 +18,8 @@ from .files import InputError, input_errors_at
 # Where each command stands: a command imports what it needs, and no other.
 REQUEST = "request_commands:show"
 COMMANDS = {
+    "explain": "request_commands:explain",
+    "lookup": "lookup_command:lookup",
     "batch": "file_commands:batch",
     "compare": "run_commands:compare_runs",
     "schema": "schema:print_schema",

@@ -8,11 +8,15 @@ from typing import Any, Literal, get_args, get_origin, get_type_hints
 import click
 from tavik_agent.characterization_types import EnergyUnit, QueryIntent
 
+from tavik_agent.explanation import explain as explain_request
+
 from . import NAME, PACKAGE
-from .files import input_place, json_bytes, read_bytes, read_json
+from .explain_screen import explanation_parts
+from .files import input_place, json_bytes, read_bytes, read_json, write_file
 from .request import characterize, check, decode_request, slips
 from .screen import show_record
-from .terminal import console_for_output
+from .terminal import console_for_output, page, written
+from .terminal import show as show_parts
 
 INTENT_OPTIONS = {
     "formula": ("--formula", "the formula"),
@@ -44,9 +48,34 @@ def _words(hint: Any) -> list[str]:
     return [word for part in sets for word in get_args(part) if word]
 
 
+def _request_options(command: Callable[..., int]) -> Callable[..., int]:
+    """What the commands of one request take."""
+    for option in (
+        click.option(
+            "--base", metavar="FILE", help="An earlier record, to merge the new one into."
+        ),
+        click.option(
+            "--finding",
+            "findings",
+            metavar="TEXT",
+            multiple=True,
+            help="A finding; may be repeated.",
+        ),
+        _intent_options,
+        click.option("--species", metavar="LIST", help='The step\'s elements, as "Fe,O".'),
+        click.option("--step", metavar="NAME", help="The planning step."),
+        click.option("--request", "file", metavar="FILE", help="All arguments, as a JSON object."),
+        click.argument("query", nargs=-1),
+    ):
+        command = option(command)
+    return command
+
+
 @click.command(
     epilog=f"""\b
 Other commands; a QUERY that begins with such a word or with "-" goes behind "--":
+  {NAME} explain  show in full why each label was given
+  {NAME} lookup   show how a name, a formula or an abbreviation is read
   {NAME} batch    answer a file of requests
   {NAME} compare  show which labels changed between two runs
   {NAME} summary  sum up a run: labels, undecided fields, errors
@@ -57,22 +86,48 @@ Completion of words, in bash (or zsh, fish):
   eval "$(_TAVIK_CHARACTERIZE_COMPLETE=bash_source {NAME})"
 """
 )
-@click.argument("query", nargs=-1)
-@click.option("--request", "file", metavar="FILE", help="All arguments, as a JSON object.")
-@click.option("--step", metavar="NAME", help="The planning step.")
-@click.option("--species", metavar="LIST", help='The step\'s elements, as "Fe,O".')
-@_intent_options
-@click.option(
-    "--finding", "findings", metavar="TEXT", multiple=True, help="A finding; may be repeated."
-)
-@click.option("--base", metavar="FILE", help="An earlier record, to merge the new one into.")
+@_request_options
 @click.version_option(package_name=PACKAGE, prog_name=NAME, message="%(prog)s %(version)s")
 @click.option("--json", "as_json", is_flag=True, help="Print the record as JSON.")
-def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) -> int:
-    """Characterize the request QUERY and show its record.
+def show(as_json: bool, **typed: Any) -> int:
+    """Characterize the request QUERY and show its record, and why each label was given.
 
     What is typed replaces the same entry of the request in FILE. "-" is standard input.
     """
+    arguments, place = _request(**typed)
+    record = characterize(arguments, place)
+    if as_json:
+        sys.stdout.buffer.write(json_bytes(record, place, indent=True))
+    else:
+        show_record(console_for_output(), explain_request(**arguments), arguments)
+    return 0
+
+
+@click.command()
+@_request_options
+@click.option("--json", "as_json", is_flag=True, help="Print the explanation as JSON.")
+@click.option("--html", "page_file", metavar="FILE", help="Write the screen as a page.")
+def explain(as_json: bool, page_file: str | None, **typed: Any) -> int:
+    """Show in full why the request QUERY gets its labels, and which it would get otherwise.
+
+    What is typed replaces the same entry of the request in FILE. "-" is standard input.
+    """
+    arguments, place = _request(**typed)
+    characterize(arguments, place)  # reports what is wrong with the values
+    explanation = explain_request(**arguments)
+    parts = [*explanation_parts(arguments, explanation)]
+    if page_file is not None:
+        title = written(arguments.get("query_text") or NAME)
+        write_file(page_file, page(title, parts).encode("utf-8", "backslashreplace"))
+    if as_json:
+        sys.stdout.buffer.write(json_bytes(explanation, place, indent=True))
+    elif page_file is None:
+        show_parts(console_for_output(), parts)
+    return 0
+
+
+def _request(query: tuple[str, ...], file: str | None, **typed: Any) -> tuple[dict[str, Any], str]:
+    """The arguments of the call, and where they come from."""
     if file == typed["base"] == "-":
         raise click.UsageError("standard input can be only one of --request and --base")
     typed_arguments = _arguments(" ".join(query), **typed)
@@ -83,12 +138,7 @@ def show(query: tuple[str, ...], file: str | None, as_json: bool, **typed: Any) 
     arguments = _replaced(given, typed_arguments)
     for slip in slips(arguments.get("query_intent") or ()):
         click.echo(f"{place}: warning: {slip}", err=True)
-    record = characterize(arguments, place)
-    if as_json:
-        sys.stdout.buffer.write(json_bytes(record, place, indent=True))
-    else:
-        show_record(console_for_output(), record, arguments.get("query_text") or "")
-    return 0
+    return arguments, place
 
 
 def _arguments(

@@ -1,18 +1,19 @@
-"""Shows a record: its labels in a table with the evidence for each, the confidence as a bar, the
-evidence in order. On a terminal it is in colour and fits the width; elsewhere it is plain and not
-wrapped.
+"""Shows a record: the request with the words that decided, its labels in a table with why each was
+given, the confidence as a bar, the evidence in order. On a terminal it is in colour and fits the
+width; elsewhere it is plain and not wrapped.
 """
 
 from collections.abc import Iterator, Mapping
 from typing import Any
 
 from rich.console import Console, Group, RenderableType
-from rich.padding import Padding
 from rich.table import Table
 from rich.text import Text
 
-from .evidence import field_of
-from .terminal import grid, show, written
+from tavik_agent.explanation import Explanation
+
+from .terminal import grid, indented, show, written
+from .why import COLOURS, beside_label, coloured_texts, place_in_words
 
 UNDECIDED: tuple[Any, ...] = ("", "unknown", "other", [])
 ACCOUNT = ("evidence", "confidence")  # say how the labels were reached
@@ -21,51 +22,60 @@ BAR_CELLS = 20
 FIELD_CELLS = 23
 
 
-def show_record(console: Console, record: Mapping[str, Any], query: str) -> None:
+def show_record(console: Console, explanation: Explanation, arguments: Mapping[str, Any]) -> None:
+    record = explanation["record"]
     evidence = [written(message) for message in record["evidence"]]
-    parts: list[RenderableType] = [_labels(record, evidence, console.width)]
-    parts += ["", _confidence(record["confidence"], ascii_only=console.options.ascii_only)]
-    if query:
-        parts = [Text(written(query), "bold"), "", *parts]
+    parts: list[RenderableType] = [*request_parts(arguments, explanation)]
+    parts += [_labels(explanation, console.width), ""]
+    parts.append(_confidence(record["confidence"], ascii_only=console.options.ascii_only))
     if evidence:
         parts += ["", _numbered(evidence)]
     show(console, parts)
 
 
-def _labels(record: Mapping[str, Any], evidence: list[str], width: int) -> RenderableType:
+def request_parts(
+    arguments: Mapping[str, Any], explanation: Explanation
+) -> Iterator[RenderableType]:
+    """The texts of the request that decided, below each other."""
+    texts = coloured_texts(arguments, explanation["fields"])
+    for where, text in texts.items():
+        is_query = where == "query_text"
+        yield text if is_query else Text.assemble((f"{place_in_words(where)}: ", "dim"), text)
+    if texts:
+        yield ""
+
+
+def _labels(explanation: Explanation, width: int) -> RenderableType:
     rows = [
-        (
-            Text(written(field)),
-            Text(written(value), "dim" if value in UNDECIDED else "bold cyan"),
-            Text("\n").join(_about(field, evidence)),
-        )
-        for field, value in record.items()
+        _row(field, value, explanation)
+        for field, value in explanation["record"].items()
         if field not in ACCOUNT
     ]
     if width < ROOM_FOR_THREE_COLUMNS:
         return Group(*(line for row in rows for line in _narrow(*row)))
     table = grid()
+    table.padding = (0, 1, 0, 0)
     table.add_column("field", no_wrap=True)
     table.add_column("label", overflow="fold")
-    table.add_column("evidence", overflow="fold")
-    for row in rows:
-        table.add_row(*row)
+    table.add_column("why", overflow="fold")
+    for field, label, why in rows:
+        table.add_row(Text(f"{field} "), label, why)
     return table
 
 
-def _narrow(field: Text, label: Text, about: Text) -> Iterator[RenderableType]:
+def _row(field: str, value: Any, explanation: Explanation) -> tuple[Text, Text, Text]:
+    colour = COLOURS.get(field, "cyan")
+    found = explanation["fields"].get(field)
+    style = "dim" if value in UNDECIDED else f"bold {colour}"
+    why = beside_label(found["causes"], colour) if found else []
+    return Text(written(field)), Text(written(value), style), Text("\n").join(why)
+
+
+def _narrow(field: Text, label: Text, why: Text) -> Iterator[RenderableType]:
     field.align("left", FIELD_CELLS)
     yield field + label
-    if about:
-        yield Padding(about, (0, 0, 0, 2))
-
-
-def _about(field: str, evidence: list[str]) -> list[Text]:
-    return [
-        Text(f"{number} {message}", "green")
-        for number, message in enumerate(evidence, 1)
-        if field_of(message) == field
-    ]
+    if why:
+        yield indented(why, 2)
 
 
 def _confidence(confidence: float, *, ascii_only: bool) -> Text:

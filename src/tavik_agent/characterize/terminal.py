@@ -9,6 +9,7 @@ from reprlib import repr as brief
 from typing import Any
 
 from rich.console import Console, RenderableType
+from rich.padding import Padding
 from rich.table import Table
 
 UNLIMITED = 10**9
@@ -53,6 +54,11 @@ def written(value: Any) -> str:
 
 def grid() -> Table:
     return Table(box=None, pad_edge=False, padding=(0, 2, 0, 0), header_style="bold")
+
+
+def indented(part: RenderableType, cells: int) -> Padding:
+    """The part behind so many blanks; as wide as it needs, since a width may be unlimited."""
+    return Padding(part, (0, 0, 0, cells), expand=False)
 
 
 def show(console: Console, parts: Iterable[RenderableType]) -> None:

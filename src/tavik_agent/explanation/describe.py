@@ -1,0 +1,76 @@
+"""Causes as the caller reads them."""
+
+from collections.abc import Mapping
+from typing import Any
+
+from .document import Document, Piece
+from .notes import Question
+from .results import Cause
+from .sources import source_of
+from .trials import Trials
+
+
+def described(
+    found: list[Question | Piece], field: str, label: Any, trials: Trials, document: Document
+) -> list[Cause]:
+    causes: list[Cause] = []
+    for cause in found:
+        if isinstance(cause, Piece):
+            causes += _wordings(cause, field, label, trials, document)
+        else:
+            causes.append(_answer(cause, trials))
+    return causes
+
+
+def _answer(question: Question, trials: Trials) -> Cause:
+    match question:
+        case ("table", name, entry):
+            return {"kind": "table", "table": name, "entry": entry, **source_of(name, entry)}
+        case ("function", name, arguments):
+            given = [[*v] if isinstance(v, tuple) else v for v in arguments]
+            return {"kind": "function", "function": name, "arguments": given}
+        case ("species", symbol):
+            return {"kind": "species", "text": str(symbol)}
+        case ("read", path):
+            where = ".".join(map(str, path))
+            if path[0] != "query_intent":
+                return {"kind": "argument", "where": where}
+            return {"kind": "intent", "where": where, "text": trials.text_at(path)}
+    _, parameter, _ = question
+    if parameter in trials.wiring.intent:
+        path = ("query_intent", trials.wiring.intent[parameter])
+        return {"kind": "intent", "where": ".".join(path), "text": trials.text_at(path)}
+    return {"kind": "label", "field": parameter, "label": trials.decided_before()[parameter]}
+
+
+def _wordings(
+    piece: Piece, field: str, label: Any, trials: Trials, document: Document
+) -> list[Cause]:
+    causes: list[Cause] = []
+    for part in document.split(piece):
+        place = document.place(part)
+        cause: Cause = {"kind": "wording", "where": place.where}
+        cause |= {"start": place.start, "end": place.end, "text": place.text}
+        if (word := document.word_around(part)) != place.text:
+            cause["within"] = word
+        if field in ("species", "formula_hint"):
+            cause.update(_meaning(place.text, field, label, trials))
+        causes.append(cause)
+    return causes
+
+
+def _meaning(text: str, field: str, label: Any, trials: Trials) -> Cause:
+    """What a name or a formula stands for, and the row that says so when there is one."""
+    module = trials.module
+    meaning: dict[str, Any] = {"formula": label}
+    if field == "species":
+        meaning = {"symbols": module.function("_species_from_text")(text)}
+    row = text.lower()
+    for name, table in module.tables().items():
+        if not isinstance(table, Mapping) or row not in table:
+            continue
+        if field == "species" or table[row] == label:
+            meaning |= {"table": name, "entry": row, **source_of(name, row)}
+            break
+    found: Cause = meaning  # type: ignore[assignment]
+    return found

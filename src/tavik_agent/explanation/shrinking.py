@@ -1,0 +1,174 @@
+"""Which words of a text decide: the text is cut down while a test holds (delta debugging).
+
+The test is asked of texts in which all but a few pieces are left out. What is found is minimal: no
+piece can be left out, and none can be cut shorter without cutting into a word.
+"""
+
+import re
+from collections.abc import Callable, Iterator
+
+from .document import GUARD, Document, Piece
+
+type Test = Callable[[list[str]], bool]
+FIRST_STEP = 16
+WIDER = 64
+
+
+def deciding_pieces(document: Document, test: Test) -> list[Piece]:
+    """All pieces that have a part in the test's being true; they are blanked in the document."""
+    found: list[Piece] = []
+    at = 0
+    while True:
+        if not test(document.only([Piece(at, len(document))])):
+            if at == 0:
+                break
+            at = 0
+            continue
+        pieces = _next_pieces(document, test, at)
+        if not any(document.text(piece).strip() for piece in pieces):
+            break  # an answer that does not depend on the words
+        if len(pieces) == 1:
+            pieces += _same_elsewhere(document, test, pieces[0])
+            at = pieces[0].end
+        else:
+            pieces = _with_alternatives(document, test, pieces)
+        document.blank(pieces)
+        found += pieces
+    return sorted(found)
+
+
+def _next_pieces(document: Document, test: Test, at: int) -> list[Piece]:
+    """The pieces behind a place that decide together and end first."""
+    end = _least(at, len(document), lambda end: test(document.only([Piece(at, end)])))
+    back = _least(0, end - at, lambda size: test(document.only([Piece(end - size, end)])))
+    pieces = _needed(document, test, Piece(end - back, end))
+    if len(pieces) > 1:
+        for n in range(len(pieces)):
+            pieces[n] = _narrowed(document, test, pieces, n)
+    for n in range(len(pieces)):
+        pieces[n] = _trimmed(document, test, pieces, n)
+    return pieces
+
+
+def _least(low: int, high: int, holds: Callable[[int], bool]) -> int:
+    """The least number above low for which it holds; it holds for high, and above what it holds
+    for. Small numbers are tried first."""
+    step = FIRST_STEP
+    while low + step < high:
+        if holds(low + step):
+            high = low + step
+            break
+        low += step
+        step *= 2
+    while high - low > 1:
+        middle = (low + high) // 2
+        if holds(middle):
+            high = middle
+        else:
+            low = middle
+    return high
+
+
+def _needed(document: Document, test: Test, piece: Piece) -> list[Piece]:
+    """The words of a piece that the test needs; what stands together stays together."""
+    words = [
+        Piece(part.start + match.start(), part.start + match.end())
+        for part in document.split(piece)
+        for match in re.finditer(r"\s*\S+\s*", document.text(part))
+    ]
+    size = len(words) // 2
+    while size and len(words) > 1:
+        n = 0
+        while n < len(words):
+            without = words[:n] + words[n + size :]
+            if without and test(document.only(list(_joined(document, without)))):
+                words = without
+            else:
+                n += size
+        size //= 2
+    if test(document.only(words)):
+        return words
+    return list(_joined(document, words or [piece]))
+
+
+def _joined(document: Document, words: list[Piece]) -> Iterator[Piece]:
+    """Neighbours in one text as one piece."""
+    current = words[0]
+    for word in words[1:]:
+        joined = Piece(current.start, word.end)
+        if word.start == current.end and len(document.split(joined)) == 1:
+            current = joined
+        else:
+            yield current
+            current = word
+    yield current
+
+
+def _narrowed(document: Document, test: Test, pieces: list[Piece], n: int) -> Piece:
+    """One of several pieces, cut at both ends as far as the test holds."""
+
+    def holds(piece: Piece) -> bool:
+        return test(document.only([*pieces[:n], piece, *pieces[n + 1 :]]))
+
+    start, end = pieces[n]
+    end = start + _least(0, end - start, lambda size: holds(Piece(start, start + size)))
+    start = end - _least(0, end - start, lambda size: holds(Piece(end - size, end)))
+    return Piece(start, end)
+
+
+def _trimmed(document: Document, test: Test, pieces: list[Piece], n: int) -> Piece:
+    """A piece without the blanks and marks around it, when it decides between blanks as well."""
+    text = document.text(pieces[n])
+    marks = re.compile(r"[\W_]*")
+    left = marks.match(text)
+    right = marks.match(text[::-1])
+    start, end = pieces[n]
+    cuts = (left.end() if left else 0, right.end() if right else 0)
+    blanks = (len(text) - len(text.lstrip()), len(text) - len(text.rstrip()))
+    for before, after in ((cuts[0], cuts[1]), (blanks[0], cuts[1]), (cuts[0], blanks[1]), blanks):
+        cut = Piece(start + before, end - after)
+        if cut.start >= cut.end or _lost_a_bracket(document.text(cut)):
+            continue
+        if test(document.only([*pieces[:n], cut, *pieces[n + 1 :]], guard="")):
+            return cut
+    # Between blanks the words can mean something else; what touches them in the text does matter.
+    for more in range(1, WIDER):
+        around = Piece(max(start - more, 0), min(end + more, len(document)))
+        if test(document.only([*pieces[:n], around, *pieces[n + 1 :]], guard="")):
+            return around
+    return pieces[n]
+
+
+def _lost_a_bracket(text: str) -> bool:
+    """Whether a bracket was cut off, as from "pt(111)"."""
+    return any(text.count(a) != text.count(b) for a, b in ("()", "[]", "{}"))
+
+
+def _same_elsewhere(document: Document, test: Test, piece: Piece) -> list[Piece]:
+    """The other places at which the same characters decide by themselves."""
+    text, found = document.text(piece), []
+    at = piece.end
+    while (start := document.find(text, at)) >= 0:
+        at = start + len(text)
+        around = Piece(max(start - 1, 0), min(at + 1, len(document)))
+        if test(document.only([around], GUARD)) and test(document.only([Piece(start, at)], "")):
+            found.append(Piece(start, at))
+    return found
+
+
+def _with_alternatives(document: Document, test: Test, pieces: list[Piece]) -> list[Piece]:
+    """Pieces that decide together, with those that can stand for one of them."""
+    found = list(pieces)
+    for piece in found:
+        hidden = [piece]
+        document.blank(hidden)
+        while test(document.whole()):
+            others = _next_pieces(document, test, 0)
+            new = [other for other in others if other not in found]
+            if not new:
+                break
+            found += new
+            hidden += new
+            document.blank(new)
+        document.restore(hidden)
+    return found
