@@ -65,7 +65,7 @@ def report(title: str, parts: Iterable[RenderableType], html: str | None) -> Non
         return
     if os.path.exists(html) and next(read_lines(html), b"") != _FIRST_LINE:
         raise InputError(html, "expected a new file, or a page to write anew")
-    write_file(html, page(title, parts).encode())
+    write_file(html, page(title, parts).encode("utf-8", "backslashreplace"))
 
 
 _FIRST_LINE = PAGE.partition("\n")[0].encode() + b"\n"

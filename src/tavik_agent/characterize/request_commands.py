@@ -12,10 +12,11 @@ from tavik_agent.explanation import explain as explain_request
 
 from . import NAME, PACKAGE
 from .explain_screen import explanation_parts
-from .files import input_place, json_bytes, read_bytes, read_json, write_file
+from .files import input_place, json_bytes, read_bytes, read_json
+from .report import report
 from .request import characterize, check, decode_request, slips
 from .screen import show_record
-from .terminal import console_for_output, page, written
+from .terminal import console_for_output, written
 from .terminal import show as show_parts
 
 INTENT_OPTIONS = {
@@ -117,8 +118,7 @@ def explain(as_json: bool, page_file: str | None, **typed: Any) -> int:
     explanation = explain_request(**arguments)
     parts = [*explanation_parts(arguments, explanation)]
     if page_file is not None:
-        title = written(arguments.get("query_text") or NAME)
-        write_file(page_file, page(title, parts).encode("utf-8", "backslashreplace"))
+        report(written(arguments.get("query_text") or NAME), parts, page_file)
     if as_json:
         sys.stdout.buffer.write(json_bytes(explanation, place, indent=True))
     elif page_file is None:
