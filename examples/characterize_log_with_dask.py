@@ -90,7 +90,7 @@ def answer_piece(piece: Piece, first: int, target: str) -> dict[str, Any]:
             answered = answerer.block(Block(first + lines, b"".join(some)))
             out.write(answered.data)
             lines += answered.lines
-            errors += sum(answered.troubles.errors.values())
+            errors += sum(answered.reports.errors.values())
     part = {"part": target.rpartition("/")[2], "file": piece.file.path, "first_line": first}
     return part | {"lines": lines, "errors": errors}
 
@@ -153,6 +153,9 @@ def main() -> int:
     except (OSError, EOFError, ValueError, ImportError, zlib.error, zstd.ZstdError) as error:
         print(f"{parser.prog}: {error}", file=sys.stderr)
         return 2
+    except KeyboardInterrupt:
+        print(f"{parser.prog}: interrupted", file=sys.stderr)
+        return 130
     lines, errors = (sum(part[key] for part in parts) for key in ("lines", "errors"))
     print(f"{lines} lines in {len(parts)} parts on {workers} workers, {errors} errors")
     return 1 if errors else 0

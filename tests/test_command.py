@@ -176,7 +176,7 @@ def test_arguments_of_the_call(words, expected, monkeypatch, capfd):
     assert json.loads(capfd.readouterr().out) == expected
 
 
-def assert_told(output, message):
+def assert_reported(output, message):
     assert output.out == ""
     assert output.err.startswith(f"tavik-characterize{message}")
     assert output.err.count("\n") == 1
@@ -211,10 +211,10 @@ def assert_told(output, message):
         ),
     ],
 )
-def test_trouble_in_a_file(content, message, capfd):
+def test_input_error_in_a_file(content, message, capfd):
     Path("request").write_bytes(content)
     assert run(["--request", "request"]) == 2
-    assert_told(capfd.readouterr(), f": request{message}")
+    assert_reported(capfd.readouterr(), f": request{message}")
 
 
 @pytest.mark.parametrize(
@@ -231,7 +231,7 @@ def test_trouble_in_a_file(content, message, capfd):
         ("bacth in.jsonl", ": no command 'bacth'; did you mean batch?"),
         ("batch", " batch: Missing argument 'IN'."),
         ("batch x --resume", " batch: --resume goes with -o OUT"),
-        ("batch x --keep step", " batch: --keep step: the record has an entry of that name"),
+        ("batch x --keep step", " batch: --keep step: an answer has an entry of that name"),
         ("batch nowhere", " batch: nowhere: No such file or directory"),
         ("compare - -", " compare: standard input can be only one of"),
         ("compare a b c", " compare: Got unexpected extra argument (c)"),
@@ -239,7 +239,7 @@ def test_trouble_in_a_file(content, message, capfd):
 )
 def test_wrong_usage(words, message, capfd):
     assert run(words.split()) == 2
-    assert_told(capfd.readouterr(), message)
+    assert_reported(capfd.readouterr(), message)
 
 
 @pytest.mark.parametrize(
@@ -317,4 +317,4 @@ INSTALL = "pip install 'tavik-agent-material-characterization[cli]'"
 def test_nothing_to_run_on(words, message, capfd, monkeypatch):
     monkeypatch.delenv("PYTHONUNBUFFERED", raising=False)
     assert subprocess.run(words).returncode == 2
-    assert_told(capfd.readouterr(), f": {message}")
+    assert_reported(capfd.readouterr(), f": {message}")

@@ -77,24 +77,26 @@ def test_bad_lines_among_good_ones(capfd):
     answers = [json.loads(line) for line in out.splitlines()]
     assert answers[::2] == [mc.characterize_material(**good)] * len(BAD)
     numbers = range(2, 2 * len(BAD) + 1, 2)
-    told = [f"in.jsonl{text.format(n)}" for n, (text, _) in zip(numbers, BAD.values(), strict=True)]
+    reported = [
+        f"in.jsonl{text.format(n)}" for n, (text, _) in zip(numbers, BAD.values(), strict=True)
+    ]
     kinds = [kind for _, kind in BAD.values()]
     assert err.splitlines() == [
-        *told,
+        *reported,
         f"tavik-characterize: {len(BAD)} of {len(answers)} lines are bad",
         *(f"{kinds.count(kind):>9}  {kind}" for kind in dict.fromkeys(kinds)),
     ]
-    for number, answer, message, kind in zip(numbers, answers[1::2], told, kinds, strict=True):
+    for number, answer, message, kind in zip(numbers, answers[1::2], reported, kinds, strict=True):
         assert answer["error"].keys() == {"line", "kind", "message"}
         assert (answer["error"]["line"], answer["error"]["kind"]) == (number, kind)
         assert message.endswith(f": {answer['error']['message']}")
 
 
-def test_only_the_first_few_of_a_kind_are_told(capfd):
+def test_only_the_first_few_of_a_kind_are_reported(capfd):
     Path("in.jsonl").write_bytes(as_lines([{"step": 1}] * 5000 + [{"step": "a", "x": 1}]))
     assert run(["batch", "in.jsonl"]) == 1
-    *told, total, wrong, unknown = capfd.readouterr().err.splitlines()
-    assert [line.split(":")[1] for line in told] == ["1", "2", "3", "5001"]
+    *reported, total, wrong, unknown = capfd.readouterr().err.splitlines()
+    assert [line.split(":")[1] for line in reported] == ["1", "2", "3", "5001"]
     assert total == "tavik-characterize: 5,001 of 5,001 lines are bad"
     assert (wrong, unknown) == ("    5,000  wrong entry $.step", "        1  unknown entry")
 
@@ -163,9 +165,9 @@ OPENED = {"": open, ".gz": gzip.open, ".zst": zstd.open}
 def test_processes_and_compression_change_nothing(suffix, many, capfd):
     source, ours, theirs = f"in.jsonl{suffix}", f"one{suffix}", f"two{suffix}"
     assert subprocess.run([*BATCH, source, "-o", ours]).returncode == 1
-    told = capfd.readouterr()
+    reported = capfd.readouterr()
     assert subprocess.run([*BATCH, source, "-o", theirs, "--jobs", "2"]).returncode == 1
-    assert capfd.readouterr() == told
+    assert capfd.readouterr() == reported
     assert Path(ours).read_bytes() == Path(theirs).read_bytes()
     with OPENED[suffix](ours, "rb") as file:
         assert file.read() == many

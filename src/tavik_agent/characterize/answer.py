@@ -1,5 +1,5 @@
 """Requests answered, a line of JSON each: with the record, or with an error object that says what
-is wrong with the line. What is wrong is counted by kind, and the first few of a kind are told.
+is wrong with the line. What is wrong is counted by kind, and the first few of a kind are reported.
 """
 
 from collections import Counter
@@ -10,32 +10,32 @@ import msgspec
 from .files import InputError, compressed, json_bytes, parse_json
 from .request import RequestDecoder, characterize
 
-TOLD_OF_A_KIND = 3
+REPORTED_OF_A_KIND = 3
 
 
-class Troubles(msgspec.Struct):
+class Reports(msgspec.Struct):
     """What was wrong with requests: how often, by kind, and the first messages of each kind."""
 
     errors: dict[str, int] = {}
     warnings: dict[str, int] = {}
-    told: list[tuple[str, str]] = []  # kind and message
+    reported: list[tuple[str, str]] = []  # kind and message
 
     def note(self, counts: dict[str, int], kind: str, message: str) -> None:
         counts[kind] = counts.get(kind, 0) + 1
-        if counts[kind] <= TOLD_OF_A_KIND:
-            self.told.append((kind, message))
+        if counts[kind] <= REPORTED_OF_A_KIND:
+            self.reported.append((kind, message))
 
-    def add(self, later: "Troubles") -> list[str]:
-        """Counts those of the lines that follow; returns the messages still to be told."""
+    def add(self, later: "Reports") -> list[str]:
+        """Counts those of the lines that follow; returns the messages still to be reported."""
         sofar = self.errors | self.warnings
         self.errors = {**(Counter(self.errors) + Counter(later.errors))}
         self.warnings = {**(Counter(self.warnings) + Counter(later.warnings))}
-        told = []
-        for kind, message in later.told:
+        reported = []
+        for kind, message in later.reported:
             sofar[kind] = sofar.get(kind, 0) + 1
-            if sofar[kind] <= TOLD_OF_A_KIND:
-                told.append(message)
-        return told
+            if sofar[kind] <= REPORTED_OF_A_KIND:
+                reported.append(message)
+        return reported
 
 
 class Setting(msgspec.Struct):
@@ -58,7 +58,7 @@ class Answered(msgspec.Struct):
 
     data: bytes
     lines: int
-    troubles: Troubles
+    reports: Reports
 
 
 class Answerer:
@@ -73,16 +73,16 @@ class Answerer:
         lines = block.data.split(b"\n")
         if not lines[-1]:
             lines.pop()
-        troubles = Troubles()
+        reports = Reports()
         is_text, has_null = _is_text(block.data), b"null" in block.data
         answers: list[bytes] = []
         for number, line in enumerate(lines, block.first):
             answer = None
             if is_text and not (has_null and b"null" in line):
                 answer = self._simply(line)
-            answers.append(answer or self._thoroughly(line, number, troubles))
+            answers.append(answer or self._thoroughly(line, number, reports))
         data = compressed(b"\n".join([*answers, b""]), self._suffix)
-        return Answered(data, len(lines), troubles)
+        return Answered(data, len(lines), reports)
 
     def _simply(self, line: bytes) -> bytes | None:
         """The answer to a request in which nothing needs care, in half the time; else none."""
@@ -91,16 +91,16 @@ class Answerer:
         except Exception:
             return None
 
-    def _thoroughly(self, line: bytes, number: int, troubles: Troubles) -> bytes:
+    def _thoroughly(self, line: bytes, number: int, reports: Reports) -> bytes:
         kept: dict[str, Any] = {}
         try:
             arguments, kept, slips = self._requests.decode(line, self._place, number)
             for slip in slips:
                 message = f"{self._place}:{number}: warning: {slip}"
-                troubles.note(troubles.warnings, f"warning: {slip}", message)
+                reports.note(reports.warnings, f"warning: {slip}", message)
             answer = characterize(arguments, self._place, number)
         except InputError as error:
-            troubles.note(troubles.errors, error.kind, str(error))
+            reports.note(reports.errors, error.kind, str(error))
             answer = {"error": {"line": number, "kind": error.kind, "message": error.what}}
             kept = kept or self._requests.kept_of_bad(line)
         return encoded({**kept, **answer, **kept}, self._place, number)

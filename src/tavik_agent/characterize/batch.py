@@ -28,8 +28,8 @@ def answer_all(
         with messages_for(state, bar=target != "-") as messages:
             blocks = _numbered(requests.blocks(at_once=at_once), output.progress.lines + 1)
             for block, answered in _answered(setting, blocks, jobs):
-                for message in output.progress.troubles.add(answered.troubles):
-                    messages.tell(message)
+                for message in output.progress.reports.add(answered.reports):
+                    messages.report(message)
                 _keep(output, requests, block, answered)
                 messages.show(output.progress.lines, output.progress.read)
         if not output.progress.written:

@@ -33,7 +33,7 @@ class Source:
                 left -= len(piece)
         if left or (size and self._digest.hexdigest() != digest):
             what = f"expected to begin with the {size:,} bytes that are answered already"
-            raise InputError(self.place, what)
+            raise InputError(self.place, what, kind="another input")
 
     def digest_with(self, block: bytes) -> str:
         """The digest of what was skipped and of all blocks up to this one."""

@@ -5,7 +5,7 @@ with examples. Evidence and confidence follow from the labels and are not compar
 from collections import Counter, defaultdict, deque
 from collections.abc import Iterator
 from dataclasses import dataclass, field
-from itertools import chain, zip_longest
+from itertools import chain, islice, zip_longest
 from typing import Any, NamedTuple
 
 from rich.console import RenderableType
@@ -18,6 +18,7 @@ from .terminal import grid, written
 
 EXAMPLES = 20
 TRANSITIONS = 10  # shown of a field
+LOOKED_AT = 1000  # lines, for an entry that names the request
 
 
 class Change(NamedTuple):
@@ -81,8 +82,8 @@ def _pairs(path: str, other: str) -> Iterator[tuple[Answer | None, Answer | None
     """Answers to the same request: with the same kept identity when both runs have one, else on
     the same line. Answers wait for their partner, so runs in about the same order need no memory.
     """
-    sides = [_with_first(read_run(path)), _with_first(read_run(other))]
-    identities = {first.identity if first else None for first, _ in sides}
+    sides = [_with_identity(read_run(path)), _with_identity(read_run(other))]
+    identities = {identity for identity, _ in sides}
     identity = identities.pop() if len(identities) == 1 else None
     waiting: list[dict[Any, deque[Answer]]] = [{}, {}]
     for both in zip_longest(*(answers for _, answers in sides)):
@@ -103,9 +104,14 @@ def _pairs(path: str, other: str) -> Iterator[tuple[Answer | None, Answer | None
         yield None, answer
 
 
-def _with_first(answers: Iterator[Answer]) -> tuple[Answer | None, Iterator[Answer]]:
-    first = next(answers, None)
-    return first, answers if first is None else chain([first], answers)
+def _with_identity(answers: Iterator[Answer]) -> tuple[str | None, Iterator[Answer]]:
+    """What names the requests of a run, by the first of its lines that tells; and the answers."""
+    begin: list[Answer] = []
+    for answer in islice(answers, LOOKED_AT):
+        begin.append(answer)
+        if answer.identity:
+            return answer.identity, chain(begin, answers)
+    return None, chain(begin, answers)
 
 
 def _key(answer: Answer, identity: str | None) -> str | int:

@@ -34,13 +34,14 @@ def batch(source: str, target: str, resume: bool, keep: tuple[str, ...], jobs: i
     """
     if resume and target == "-":
         raise click.UsageError("--resume goes with -o OUT")
-    if taken := [key for key in keep if key in get_type_hints(CharacterizationRecord)]:
-        raise click.UsageError(f"--keep {taken[0]}: the record has an entry of that name")
+    names = {*get_type_hints(CharacterizationRecord), "error"}
+    if taken := [key for key in keep if key in names]:
+        raise click.UsageError(f"--keep {taken[0]}: an answer has an entry of that name")
     keep = tuple(dict.fromkeys(keep))
     done = answer_all(source, target, keep=keep, jobs=jobs, resume=resume)
-    troubles = done.troubles
-    if bad := sum(troubles.errors.values()):
+    reports = done.reports
+    if bad := sum(reports.errors.values()):
         click.echo(f"{NAME}: {bad:,} of {done.lines:,} lines are bad", err=True)
-    for kind, times in (troubles.errors | troubles.warnings).items():
+    for kind, times in (reports.errors | reports.warnings).items():
         click.echo(f"{times:>9,}  {kind}", err=True)
     return 1 if bad else 0

@@ -79,13 +79,13 @@ def compressed(data: bytes, suffix: str) -> bytes:
 def write_file(path: str, data: bytes) -> None:
     """Writes a file, which appears under its name when it is complete."""
     part = f"{path}.part"
+    with input_errors_at(part), open(part, "xb") as file:
+        try:
+            file.write(data)
+        except BaseException:
+            os.unlink(part)
+            raise
     with input_errors_at(path):
-        with open(part, "xb") as file:
-            try:
-                file.write(data)
-            except BaseException:
-                os.unlink(part)
-                raise
         os.replace(part, path)
 
 

@@ -13,7 +13,7 @@ from .blocks import is_file
 class Messages:
     """Messages alone."""
 
-    def tell(self, message: str) -> None:
+    def report(self, message: str) -> None:
         print(message, file=sys.stderr)
 
     def show(self, lines: int, read: int) -> None:
@@ -34,7 +34,7 @@ def messages_for(source: os.stat_result, *, bar: bool) -> Iterator[Messages]:
         task = progress.add_task("", total=source.st_size if is_file(source) else None, lines=0)
 
         class WithBar(Messages):
-            def tell(self, message: str) -> None:
+            def report(self, message: str) -> None:
                 console.print(message)
 
             def show(self, lines: int, read: int) -> None:

@@ -11,7 +11,7 @@ from typing import Protocol
 
 import msgspec
 
-from .answer import Troubles
+from .answer import Reports
 from .files import InputError, input_errors_at
 
 try:
@@ -34,7 +34,7 @@ class Progress(msgspec.Struct, forbid_unknown_fields=True):
     read: int = 0
     input: str = ""  # digest of what was read
     written: int = 0
-    troubles: Troubles = msgspec.field(default_factory=Troubles)
+    reports: Reports = msgspec.field(default_factory=Reports)
 
 
 class Output(Protocol):

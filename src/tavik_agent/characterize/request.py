@@ -79,7 +79,7 @@ class RequestDecoder:
             line.decode()  # msgspec passes over text that nobody asked for
             request = self._decode(line)
         except (msgspec.DecodeError, UnicodeDecodeError, RecursionError):
-            # Python's own decoder takes lone surrogates, and the whole value tells what is wrong.
+            # Python's own decoder takes lone surrogates, and the whole value shows what is wrong.
             value = parse_json(line.rstrip(b"\r\n"), place, number or 1)
             return self.check(value, place, number)
         given = msgspec.structs.asdict(request)
@@ -145,7 +145,7 @@ class RequestDecoder:
 def _wrong_request(
     error: msgspec.ValidationError, value: Any, hint: type[msgspec.Struct], place: str
 ) -> InputError:
-    """The error of an earlier step by the step's name, which msgspec does not tell."""
+    """The error of an earlier step by the step's name, which msgspec does not know."""
     if "previous_steps_params[...]" in str(error):
         for name, parameters in value["previous_steps_params"].items():
             try:

@@ -92,5 +92,7 @@ def _explained(
             otherwise = before
     if otherwise == undecided and before == label != undecided:
         causes.append({"kind": "earlier record", "where": f"{BASE}.{field}"})
+    if otherwise == label:  # the values were read otherwise than their texts are
+        causes = []
     decided = bool(causes) and otherwise is not FAILED
     return {"label": label, "causes": causes, "otherwise": otherwise if decided else None}

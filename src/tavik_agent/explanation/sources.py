@@ -163,23 +163,18 @@ def _located(table: str, entry: str) -> _Found | None:
 
 
 def _in_statement(
-    source: _Source,
-    statement: ast.stmt,
-    entry: str,
-    *,
-    in_words: bool,
-    seen: frozenset[int] = frozenset(),
+    source: _Source, statement: ast.stmt, entry: str, *, in_words: bool
 ) -> _Found | None:
-    """The entry in a statement, or in those of the names that it mentions."""
-    if (line := source.line_of(statement, entry, in_words=in_words)) is not None:
-        return _Found(source, line, entry)
-    seen |= {id(statement)}
-    for name in source.names_in(statement):
-        named = _named(source, name)
-        if named is None or id(named[1]) in seen:
-            continue
-        if found := _in_statement(*named, entry, in_words=in_words, seen=seen):
-            return found
+    """The entry in a statement, or in those of the names that it mentions, the nearest first."""
+    queue, seen = [(source, statement)], {id(statement)}
+    for holder, part in queue:
+        if (line := holder.line_of(part, entry, in_words=in_words)) is not None:
+            return _Found(holder, line, entry)
+        for name in holder.names_in(part):
+            named = _named(holder, name)
+            if named is not None and id(named[1]) not in seen:
+                seen.add(id(named[1]))
+                queue.append(named)
     return None
 
 
@@ -220,6 +215,8 @@ def _rows_by_meaning() -> dict[str, list[tuple[_Source, str, str]]]:
     for source, name, table in _smaller_tables():
         for base, meaning in table.items():
             rows.setdefault(meaning, []).append((source, name, base))
+    for same in rows.values():
+        same.sort(key=lambda row: row[1].startswith("_"))  # a table before what helps a rule
     return rows
 
 
