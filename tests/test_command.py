@@ -232,6 +232,7 @@ def test_input_error_in_a_file(content, message, capfd):
         ("batch", " batch: Missing argument 'IN'."),
         ("batch x --resume", " batch: --resume goes with -o OUT"),
         ("batch x --keep step", " batch: --keep step: an answer has an entry of that name"),
+        ("batch x --keep error", " batch: --keep error: an answer has an entry of that name"),
         ("batch nowhere", " batch: nowhere: No such file or directory"),
         ("compare - -", " compare: standard input can be only one of"),
         ("compare a b c", " compare: Got unexpected extra argument (c)"),

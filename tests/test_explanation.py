@@ -352,6 +352,12 @@ def test_lookup(word, kinds, table, said):
     assert said in "".join(remark["note"] for remark in answer["left_out"])
 
 
+@pytest.mark.parametrize("word", ["NO", "K", "V", "I", "U", "UP", "IN", "TC"])
+def test_an_acronym_stands_among_the_acronyms(word):
+    [table] = [t for t in lookup(word)["tables"] if t["table"] == "METHOD_ACRONYMS"]
+    assert table["file"] == "method_acronyms.py"
+
+
 def test_lookup_of_what_no_table_holds():
     answer = lookup("galium")
     assert (answer["readings"], answer["tables"], answer["alone"]) == ([], [], {})

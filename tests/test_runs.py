@@ -88,16 +88,17 @@ def kept(number, record):
 
 
 def test_lines_are_matched_by_the_kept_id(capfd):
-    before = [kept(n, METAL) for n in (1, 2, 2, 3, 4)]
-    after = [kept(4, METAL), kept(2, METAL), kept(5, METAL), kept(1, OXIDE), kept(2, FAILED)]
+    before = [FAILED, *(kept(n, METAL) for n in (1, 2, 2, 3, 4))]
+    after = [FAILED, kept(4, METAL), kept(2, METAL), kept(5, METAL), kept(1, OXIDE)]
+    after.append(kept(2, FAILED))
     write(a=before, b=after)
     out = shown(capfd, "compare", "a.jsonl", "b.jsonl", status=1)
-    assert out[:3] == ["2 of 4 requests changed", "1 only in a.jsonl", "1 only in b.jsonl"]
+    assert out[:3] == ["2 of 5 requests changed", "1 only in a.jsonl", "1 only in b.jsonl"]
     assert out[-5:] == [
-        "id {'n': 1}, line 1 SCF text 1",
+        "id {'n': 1}, line 2 SCF text 1",
         " electronic_class metal -> unknown",
         " species - -> Ni, O",
-        "id {'n': 2}, line 3 SCF text 2",
+        "id {'n': 2}, line 4 SCF text 2",
         " error answered -> why",
     ]
 
