@@ -17,6 +17,7 @@ from types import MappingProxyType
 from typing import Final
 
 from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
+from .ions import ION_NAMES
 from .systematic_names import SALTS
 from .written_forms import (
     alone,
@@ -240,9 +241,13 @@ _FORM_COMPOUNDS: Final = (
     "tin lead bismuth sulfur nitrogen"
 ).split()
 _CLASSES: Final = (
-    "hydride boride carbide silicide nitride phosphide arsenide oxide sulfide sulphide selenide "
+    "hydride boride carbide silicide nitride oxide sulfide sulphide phosphide arsenide selenide "
     "telluride fluoride chloride bromide iodide"
 ).split()
+_FORM_FEW_CLASSES: Final = frozenset(
+    "praseodymium neodymium samarium terbium dysprosium holmium erbium thulium ytterbium "
+    "lutetium".split()
+)
 
 
 # Second elements of compounds whose full name is a row only where one composition is meant. They
@@ -262,21 +267,24 @@ _SECOND_ELEMENTS: Final = {
 }  # fmt: skip
 _FORM_SALTS: Final = (
     "lithium sodium potassium magnesium calcium strontium barium yttrium lanthanum "
-    "titanium zirconium vanadium niobium chromium manganese iron "
-    "cobalt nickel copper zinc aluminum aluminium bismuth"
+    "manganese iron cobalt nickel copper zinc aluminum aluminium bismuth"
 ).split()
+# Metals that form salts of the main-group acids only, or are the second element themselves.
+_FORM_FEW_SALTS: Final = "titanium zirconium vanadium niobium chromium".split()
+_MAIN_GROUP_ACIDS: Final = frozenset("P Si S C N B O H Al As".split())
 
 
 def _plurals() -> Iterable[tuple[str, str]]:
     """The anion of a class of compounds; the metal has a row of its own, or gets one here."""
     for name in _FORM_COMPOUNDS:
-        for anion in _CLASSES:
+        for anion in _CLASSES[: 7 if name in _FORM_FEW_CLASSES else None]:
             yield f"{name} {anion}s", ANION_NAMES[anion]
     for anion in _CLASSES:
         yield f"{anion}s of", ANION_NAMES[anion]
-    for name in _FORM_SALTS:
+    for name in (*_FORM_SALTS, *_FORM_FEW_SALTS):
+        few = name in _FORM_FEW_SALTS
         for word, element in _SECOND_ELEMENTS.items():
-            if f"{name} {word}" not in SALTS:
+            if f"{name} {word}" not in SALTS and (not few or element in _MAIN_GROUP_ACIDS):
                 yield f"{name} {word}", element
         for oxide in ("oxide", "oxides"):
             yield f"({name} {oxide})", ELEMENT_NAMES.get(name, "Zn")
@@ -294,6 +302,7 @@ ELEMENT_NAME_ALIASES: Final[Mapping[str, str]] = in_forms(
     (ELEMENT_NAMES, as_element_name),
     (HEAVIEST_NAMES, in_sentences),
     (CONTEXTS, before_comma),
+    (ION_NAMES, alone),
     (ANION_NAMES, as_anion),
     (ANION_PLURALS, alone),
 )
