@@ -124,11 +124,11 @@ _IN_OXIDES: Final = (
     ("0.95", "0.05"),
 )  # fmt: skip
 # First shares that are also written in brackets before the count of an oxide, and in LaTeX.
-_BRACKETED: Final = ("0.5", "0.8", "0.7", "0.75", "0.9")
+_BRACKETED: Final = ("0.5", "0.8", "0.7", "0.9")
 _SET_SHARES: Final = ("0.5", "0.8", "0.7")
 # What opens and closes a share or a count. One character stands without braces.
 _PLAIN, _LATEX, _LOW, _HTML = ("", ""), ("$_{", "}$"), ("_{", "}"), ("<sub>", "</sub>")
-_MARKUPS: Final = (_PLAIN, _LATEX, _LOW, _HTML)
+_MARKUPS: Final = (_PLAIN, _LATEX, _HTML, _LOW)
 # The share of an element that fills its site in part, with the markup of the counts beside it.
 _SHARES: Final = {
     **dict.fromkeys(("x", "1-x", "1−x", "0.5", "0.75"), _PLAIN), "_x": _LOW, "_{x}": _LOW,
@@ -184,7 +184,7 @@ def _variable(system: str) -> Iterator[tuple[str, str]]:
     yield f"{start}({a},{b}){count}{end}", formula
     rest = f"{count or '1'}-x"
     of_metals, oxide = _is_of_metals(start, end, formula), _is_oxide(end)
-    for markup in _MARKUPS[:2] if of_metals else _MARKUPS:
+    for markup in _MARKUPS[: 2 if of_metals else 3 if oxide else 4]:
         before, behind = _in_markup(start, markup), _in_markup(end, markup)
         first, second = _set(rest, markup), _set("x", markup)
         yield f"{before}{a}{first}{b}{second}{behind}", formula

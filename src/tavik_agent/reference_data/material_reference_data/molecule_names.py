@@ -125,6 +125,7 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         # "NO on" (a dropped word, see the acronyms) comes after every solid that has a row.
         "no on": "NO",
         "no adsorbed": "NO",
+        **dict.fromkeys((f"no and {gas}" for gas in "co no2 n2o nh3 so2 co2 o2".split()), "NO"),
         # Water with other words; the bare word has no row.
         **dict.fromkeys((f"water {word}" for word in _BEHIND_WATER), "H2O"),
         **dict.fromkeys((f"{word} water" for word in _BEFORE_WATER), "H2O"),

@@ -13,6 +13,7 @@ Sources: none needed; the markups are those of titles in LaTeX, of web pages and
 from typing import Final
 
 from .frequent_formulas import FREQUENT_FORMULAS
+from .written_forms import before_comma
 
 _FREQUENT: Final = frozenset(formula.lower() for formula in FREQUENT_FORMULAS)
 _DIGITS: Final = "0123456789"
@@ -126,20 +127,21 @@ def as_subscripts(formula: str) -> tuple[str, ...]:
     low = _in_markup(marked, _LOW_BRACES if formula[-1].isalpha() else _LOW)
     return (
         formula.translate(_CHARACTERS), latex, latex + ",", latex + ".", html, braces, low,
-        latex + ":", f"({latex})", html + ",", html + ".", html + ":", braces + ",",
+        latex + ":", braces + ",",
     )  # fmt: skip
 
 
 def as_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula before the marks of a sentence, and with subscripts."""
-    forms = (formula, formula + ",", formula + ".", formula + ":", *as_subscripts(formula))
-    return (*forms, formula + "?", formula + ")") if formula in _FREQUENT else forms
+    marks = ",.:?)" if formula in _FREQUENT else ",.:?"
+    return (formula, *(formula + mark for mark in marks), *as_subscripts(formula))
 
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
-    """A lower-case formula in plain form, and with subscripts; HTML where it would be misread."""
+    """A lower-case formula alone, before a comma, with subscripts; HTML that would be misread."""
+    plain = before_comma(formula)
     if formula.isalpha() or _apart(formula)[1]:
-        return (formula, *as_plain_subscripts(formula))
+        return (*plain, *as_plain_subscripts(formula))
     marked = _marked(formula)
     latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
-    return (formula, formula.translate(_CHARACTERS), latex, html)
+    return (*plain, formula.translate(_CHARACTERS), latex, html)

@@ -17,7 +17,7 @@ from types import MappingProxyType
 from typing import Final
 
 from .subscripts import as_plain_subscripts
-from .written_forms import first_of_each
+from .written_forms import before_comma, first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
 # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
@@ -73,6 +73,7 @@ _METALS: Final = {
     "bcc": "Fe W Mo Ta Nb V Cr Li Na",
     "hcp": "Ru Co Re Os Ti Zr Mg Zn Be Gd Tc",
 }
+_SELDOM: Final = frozenset("Pb Ta Nb V Cr Li Na Re Os Zr Zn Be Gd Tc".split())
 _REACTIVE_METALS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe Co".split()
 _SEMICONDUCTOR_FACES: Final = {"Si": "001 100 110 111", "Ge": "001 100 110 111"}
 _COMPOUND_FACES: Final = {
@@ -87,6 +88,7 @@ _COMPOUND_FACES: Final = {
     "CaF2": "111", "NaCl": "001 100", "LaAlO3": "001", "SiC": "0001", "CaCO3": "10-14",
 }  # fmt: skip
 _ADSORBATES: Final = "h h2 o o2 n2 co co2 no oh h2o nh3 ch4".split()
+_MOLECULES: Final = "h2 o2 co co2 no h2o nh3 ch4".split()
 # Oxides and layers that molecules are put on without naming the face.
 _SUPPORTS: Final = (
     "TiO2 CeO2 MgO Al2O3 ZnO Fe2O3 Fe3O4 SiO2 In2O3 SnO2 NiO Co3O4 ZrO2 MoS2 SrTiO3 Cu2O CuO WO3"
@@ -106,6 +108,7 @@ _CRYSTALS: Final = {
     **{formula.lower(): formula for formula in _LASER_CRYSTALS},
     "yag": "Y3Al5O12", "luag": "Lu3Al5O12", "sapphire": "Al2O3",
 }  # fmt: skip
+_BEHIND_DIAMOND: Final = "from with using and at under by on is are has gives via within".split()
 # Hosts by symbol and by name, with the words before which they are hosts.
 _HOSTS_IN: Final = "Pd Pt Cu Ag Ni Al Fe W Cr Nb Ta Zr Si Ge Mo Rh Ir".split()
 _HOSTS_ON: Final = "Pt Pd Cu Ag Au Ni Rh Ru Ir Fe W Si Ge Mo Al".split()
@@ -154,7 +157,7 @@ def _styles(solid: str, indices: str, *, rare: bool) -> Iterator[str]:
 def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
     for solid, indices in faces.items():
         for number, face in enumerate(indices.split()):
-            for phrase in _styles(solid, face, rare=number > 3):
+            for phrase in _styles(solid, face, rare=number > (0 if solid in _SELDOM else 3)):
                 yield phrase, solid
             for written in as_plain_subscripts(solid.lower()):
                 yield f"{written}({face})", solid
@@ -173,10 +176,26 @@ def _wet_supports() -> Iterator[tuple[str, str]]:
     atoms = [metal + "1" for metal in metals]
     for solid in _SUPPORTS:
         name = solid.lower()
-        for guest in (*_ADSORBATES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
+        for guest in (*_MOLECULES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
             yield f"{guest}/{name}", solid
             if solid in _REDUCIBLE:
                 yield f"{guest}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
+
+
+def _diamond() -> Iterator[str]:
+    """Diamond as a host. "In diamond" and "of diamond" alone also stand before "structure"."""
+    for centre in ("center", "centre", "(nv", "(siv"):
+        yield f"{centre}) in diamond"
+    for before in ("in", "of", "for", "doped"):
+        yield from (f"{before} diamond{mark}" for mark in (",", ".", "?", ":", ")"))
+        yield from (f"{before} diamond {word}" for word in _BEHIND_DIAMOND)
+    yield from (f"{carrier}-doped diamond" for carrier in ("hole", "electron", "p", "phosphorus"))
+    for noun in ("film", "films", "slab", "nanoparticles", "nanocrystals", "nanowires", "surfaces"):
+        yield f"diamond {noun}"
+    yield from ("nanodiamond", "nanodiamonds", "cvd diamond")
+    for vacancy in ("nv", "nv-", "nv−"):
+        for centre in ("center", "centre", "centers", "centres"):
+            yield from before_comma(f"{vacancy} {centre}")
 
 
 def _hosts() -> Iterator[tuple[str, str]]:
@@ -188,9 +207,7 @@ def _hosts() -> Iterator[tuple[str, str]]:
                 yield f"{dopant}-doped {host}", symbol
         yield f"of {symbol.lower()}", symbol
     yield "silicon wafer", "Si"
-    # "In diamond" alone also stands before "structure".
-    for centre in ("center", "centre", "(nv", "(siv"):
-        yield f"{centre}) in diamond", "C"
+    yield from ((phrase, "C") for phrase in _diamond())
 
 
 def _colon_hosts() -> Iterator[tuple[str, str]]:
