@@ -26,7 +26,7 @@ SPECIES = {
 # Acronyms that are element symbols or formulas when read in capitals. Each has its reason, and the
 # phrases that bring the element or compound back, in the last group of the acronyms.
 DELIBERATE = "IN AS I NO AT AM BE K V U PA FM PM US UP BO RE CF CM VB SCC SCO HS C2 P4 TC RF DB SG \
-MT DS RG FL MC LV TS OG VS"
+MT DS RG FL MC LV TS OG VS NBO"
 
 
 def test_tables_cannot_be_changed():

@@ -144,7 +144,11 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
         "yttria-stabilised": "Y",
         **dict.fromkeys(("nv center", "nv centre", "nv centers", "nv centres"), "N"),
         **dict.fromkeys(("nv-", "nv−", "nitrogen-vacancy"), "N"),
-        **dict.fromkeys(("siv center", "siv centre"), "Si"),
+        **{
+            f"{symbol.lower()}v {centre}": symbol
+            for symbol in ("Si", "Ge", "Sn")
+            for centre in ("center", "centre", "centers", "centres")
+        },
         # Symbols that are sentence words.
         "k-ion": "K",
         "k+": "K",

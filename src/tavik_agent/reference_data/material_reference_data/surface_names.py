@@ -13,6 +13,7 @@ Au(111)") is the film.
 """
 
 from collections.abc import Iterator, Mapping
+from itertools import product
 from types import MappingProxyType
 from typing import Final
 
@@ -193,7 +194,7 @@ def _diamond() -> Iterator[str]:
     for noun in ("film", "films", "slab", "nanoparticles", "nanocrystals", "nanowires", "surfaces"):
         yield f"diamond {noun}"
     yield from ("nanodiamond", "nanodiamonds", "cvd diamond")
-    for vacancy in ("nv", "nv-", "nv−"):
+    for vacancy in ("nv", "nv-", "nv−", "siv", "gev", "snv"):
         for centre in ("center", "centre", "centers", "centres"):
             yield from before_comma(f"{vacancy} {centre}")
 
@@ -214,6 +215,11 @@ def _colon_hosts() -> Iterator[tuple[str, str]]:
     """Luminescent and laser crystals as they are written behind their dopant: ce:labr3."""
     for name, formula in _CRYSTALS.items():
         yield from ((f"{dopant}:{name}", formula) for dopant in _ACTIVATORS)
+    for garnet, dopant in product(("yag", "luag"), ("ce", "nd", "eu", "tb", "er", "yb", "cr")):
+        formula = _CRYSTALS[garnet]
+        yield f"{garnet}:{dopant}", formula
+        yield f"{garnet}:{dopant}3+", formula
+        yield f"{dopant}3+:{garnet}", formula
 
 
 def _metal_hosts() -> Iterator[tuple[str, str]]:
@@ -235,7 +241,8 @@ def _metal_hosts() -> Iterator[tuple[str, str]]:
         for before in ("on", "in"):
             yield f"{before} {name} oxide", formula
     for name, symbol in _METAL_NAMES.items():
-        for before in ("in", "on", "over", "in bcc", "in fcc", "in hcp"):
+        structures = (f"in {s}" for s, metals in _METALS.items() if symbol in metals.split())
+        for before in ("in", "on", "over", *structures):
             yield f"{before} {name}", symbol
     yield "in alpha-iron", "Fe"
 
