@@ -75,6 +75,12 @@ _WET: Final = (
     "tio2 ceo2 mgo al2o3 zno fe2o3 fe3o4 sio2 wo3 co3o4 nio mos2 zro2 srtio3 bivo4".split()
 )
 
+# What graphene is joined with behind or before a slash and is the material then.
+_BESIDE_GRAPHENE: Final = (
+    "tio2 zno sno2 moo3 wo3 v2o5 mno2 fe2o3 fe3o4 co3o4 nio ceo2 hfo2 in2se3 gase inse gas sns2 "
+    "g-c3n4 phosphorene silicene crcl3"
+).split()
+
 # Symbols by the structure that people name with them, with a blank or a hyphen between.
 _STRUCTURES: Final = {
     "bcc": "Fe Cr W Mo Ta Nb V Li Na K Rb Cs Ba U Ti Zr",
@@ -209,6 +215,9 @@ def _contexts() -> Iterable[tuple[str, str]]:
     for oxide in _WET:
         yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
         yield f"water/{oxide}", "H"
+    for layer in _BESIDE_GRAPHENE:
+        yield f"{layer}/graphene", "C"
+        yield f"graphene/{layer}", "C"
     for phrase in ("in water,", "in water.", "in water?", "under water", "and water"):
         yield phrase, "H"
     for symbol in ("Re", "Pa", "Am"):

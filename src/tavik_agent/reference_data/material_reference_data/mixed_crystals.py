@@ -92,7 +92,7 @@ _OPEN_END: Final = (
     "MoO WO TiO VO NbO TaO CrO MnO FeO CoO NiO CuO ZnO CeO PrO HfO ZrO AlO SiO GaO InO SnO GeO PdO "
     "PtO RuO IrO UO YO LaO MgO AgO BiO SiN TiN NbN CN BN AlN CrN GaN ZrN HfN FeN TaN WN SiC TiC "
     "MoS WS CuS FeS NiS CoS SnS MoSe FeSe CuSe PdH TiH ZrH MgH LaH NbH YH FeO LiPON SiCN SiOC "
-    "NiFeO CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO"
+    "NiFeO CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO SrFeO SrCoO LaNiO NdNiO LaMnO CaMnO SrTiO"
 ).split()
 _REDUCED: Final = (
     "CeO2 TiO2 WO3 MoO3 ZrO2 HfO2 UO2 V2O5 SnO2 In2O3 VO2 MnO2 ZnO NiO SrTiO3 BaTiO3 BaSnO3 LaMnO3 "

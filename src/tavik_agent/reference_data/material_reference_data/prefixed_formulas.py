@@ -55,7 +55,7 @@ def _prefixed() -> Iterator[tuple[str, str]]:
             for prefix in (word, greek):
                 yield f"{prefix}-{plain}", formula
                 yield f"{prefix}-{characters}", formula
-                yield f"{prefix}-{in_html(plain)}", formula
+            yield f"{greek}-{in_html(plain)}", formula
             # Characters hide the formula, so it would be lost before a mark.
             if formula in FREQUENT_FORMULAS and characters != plain:
                 yield f"{greek}-{characters},", formula

@@ -98,8 +98,9 @@ _SUPPORTS: Final = (
 _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
 _UNDER_ATOMS: Final = _REDUCIBLE[:3]
 
-# Dopants that are written before silicon, germanium and their like.
+# Dopants that are written before silicon and germanium.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
+_DOPANTS_OF_GE: Final = "b p as sb ga sn mn li n".split()
 _ACTIVATORS: Final = "ce nd eu er yb tm tb pr mn cr ti fe co".split()
 _LASER_CRYSTALS: Final = (
     "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS LiNbO3 SrTiO3 BaTiO3 YAlO3 "
@@ -204,7 +205,7 @@ def _hosts() -> Iterator[tuple[str, str]]:
         for host in (symbol.lower(), name):
             for before in ("bulk", "crystalline", "amorphous", "doped", "in", "on"):
                 yield f"{before} {host}", symbol
-            for dopant in _DOPANTS:
+            for dopant in _DOPANTS if symbol == "Si" else _DOPANTS_OF_GE:
                 yield f"{dopant}-doped {host}", symbol
         yield f"of {symbol.lower()}", symbol
     yield "silicon wafer", "Si"
@@ -244,7 +245,11 @@ def _metal_hosts() -> Iterator[tuple[str, str]]:
         structures = (f"in {s}" for s, metals in _METALS.items() if symbol in metals.split())
         for before in ("in", "on", "over", *structures):
             yield f"{before} {name}", symbol
-    yield "in alpha-iron", "Fe"
+    # Phases at high temperature or pressure.
+    for phase in ("alpha-iron", "fcc iron", "hcp iron"):
+        yield f"in {phase}", "Fe"
+    yield "in bcc titanium", "Ti"
+    yield "in bcc zirconium", "Zr"
 
 
 # Graphene on what is named behind it.

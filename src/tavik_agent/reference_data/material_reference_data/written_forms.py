@@ -26,6 +26,7 @@ _JOINED_TO_LIGHT: Final = ("-passivated", "-vacancy", "-induced")
 _LIGHT: Final = frozenset(
     "hydrogen boron carbon nitrogen oxygen fluorine sulfur sulphur chlorine silicon".split()
 )
+_NANO: Final = frozenset("silicon carbon gold silver copper platinum iron nickel zinc".split())
 # The dashes that are typed or typeset for a hyphen: non-breaking hyphen, en dash.
 _DASHES: Final = ("\u2011", "\u2013")
 
@@ -39,7 +40,7 @@ def as_anion(name: str) -> tuple[str, ...]:
     """The name of an anion in every form that the element before it may be found in."""
     return (
         *in_sentences(name), name + ")", name + "),", name + ").", name + "...", name + "'s",
-        name + "’s", name + "-based",
+        name + "-based",
     )  # fmt: skip
 
 
@@ -59,8 +60,8 @@ def before_comma(phrase: str) -> tuple[str, ...]:
 
 
 def on_oxides(phrase: str) -> tuple[str, ...]:
-    """The phrase; below a single atom ("pt1/ceo2") before a comma, too."""
-    return (phrase, phrase + ",") if "1/" in phrase else (phrase,)
+    """The phrase; below a single atom ("pt1/ceo2") and with a face before a comma, too."""
+    return before_comma(phrase) if "1/" in phrase or phrase[-1] == ")" else (phrase,)
 
 
 def as_open_formula(phrase: str) -> tuple[str, ...]:
@@ -115,7 +116,8 @@ def as_element_name(name: str) -> tuple[str, ...]:
     return (
         *in_sentences(name), name + ")", name + "),", name + ").", f"({name})", f"({name},",
         f"({name}),", f"({name}).",
-        name + "'s", name + "’s", name + "...", "bulk-" + name, "nano-" + name,
+        name + "'s", name + "’s", name + "...", "bulk-" + name,
+        *(("nano-" + name,) if name in _NANO else ()),
         *(name + word for word in _JOINED),
         *(name + word for word in (_JOINED_TO_LIGHT if name in _LIGHT else ())),
     )  # fmt: skip
