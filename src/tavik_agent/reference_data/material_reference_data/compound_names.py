@@ -11,6 +11,7 @@ from .bracketed_formulas import BRACKETED_FORMULAS, FORMULAS_IN_CONTEXT
 from .chalcogenide_names import CHALCOGENIDE_NAMES
 from .common_formulas import COMMON_FORMULAS
 from .defective_oxides import DEFECTIVE_OXIDES
+from .family_formulas import FAMILY_FORMULAS
 from .mineral_names import MINERAL_NAMES
 from .mixed_crystals import MIXED_CRYSTALS, OPEN_FORMULAS
 from .molecule_names import MOLECULE_FORMULAS, MOLECULE_NAMES
@@ -61,11 +62,12 @@ GROUPS: Final = (
     (MIXED_CRYSTALS, alone),
     (OPEN_FORMULAS, as_open_formula),
     (PREFIXED_FORMULAS, alone),
-    (FORMULAS_IN_CONTEXT, in_sentences),
+    (FORMULAS_IN_CONTEXT, in_phrases),
     (WRITTEN_FORMULAS, as_formula),
     (COMMON_FORMULAS, as_rare_formula),
     (SUBSTRATE_FORMULAS, as_formula),
     # Names that a written formula may specify or outrank.
+    (FAMILY_FORMULAS, alone),
     (OPEN_NAMES, in_sentences),
     (ALLOY_NAMES, before_comma),
     (PROTOTYPE_NAMES, as_rare_name),

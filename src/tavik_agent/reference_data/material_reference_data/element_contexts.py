@@ -17,13 +17,14 @@ from types import MappingProxyType
 from typing import Final
 
 from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
+from .family_formulas import ELEMENTS_OF_FAMILIES
 from .ions import ION_NAMES
-from .systematic_names import SALTS
+from .systematic_names import COUNTED_ANIONS, SALTS
 from .written_forms import (
     alone,
     as_anion,
+    as_context,
     as_element_name,
-    before_comma,
     first_of_each,
     in_forms,
     in_sentences,
@@ -156,6 +157,8 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
             for centre in ("center", "centre", "centers", "centres")
         },
         # Symbols that are sentence words.
+        **dict.fromkeys(("br, i", "br, i)", "br, i),", "br, i).", "br, i):", "br,i)"), "I"),
+        **dict.fromkeys(("br and i)", "br, and i)", "(x = i,", "(x=i,", "(x=cl,br,i)"), "I"),
         "k-ion": "K",
         "k+": "K",
         "bulk-k": "K",
@@ -212,6 +215,9 @@ def _contexts() -> Iterable[tuple[str, str]]:
         symbol, partner = alloy.split()
         yield f"{symbol}-{partner}".lower(), symbol
         yield f"{partner}-{symbol}".lower(), symbol
+        if symbol == "V":
+            yield f"v/{partner}".lower(), symbol
+            yield f"{partner}/v".lower(), symbol
     for oxide in _WET:
         yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
         yield f"water/{oxide}", "H"
@@ -294,6 +300,9 @@ def _plurals() -> Iterable[tuple[str, str]]:
             yield f"{name} {anion}s", ANION_NAMES[anion]
     for anion in _CLASSES:
         yield f"{anion}s of", ANION_NAMES[anion]
+    for anion in sorted(COUNTED_ANIONS - ANION_NAMES.keys()):
+        symbol = next(ANION_NAMES[a] for a in (*_CLASSES, "antimonide") if anion.endswith(a))
+        yield from ((anion + mark, symbol) for mark in ("", ",", ".", ")"))
     for name in (*_FORM_SALTS, *_FORM_FEW_SALTS):
         few = name in _FORM_FEW_SALTS
         for word, element in _SECOND_ELEMENTS.items():
@@ -314,8 +323,9 @@ ANION_PLURALS: Final[Mapping[str, str]] = first_of_each(_plurals())
 ELEMENT_NAME_ALIASES: Final[Mapping[str, str]] = in_forms(
     (ELEMENT_NAMES, as_element_name),
     (HEAVIEST_NAMES, in_sentences),
-    (CONTEXTS, before_comma),
+    (CONTEXTS, as_context),
     (ION_NAMES, alone),
+    (ELEMENTS_OF_FAMILIES, alone),
     (ANION_NAMES, as_anion),
     (ANION_PLURALS, alone),
 )

@@ -64,7 +64,9 @@ def _phrases() -> Iterator[tuple[str, str]]:
             yield f"{activator}:{garnet}", symbol
     for nouns, clusters in _CLUSTERS.items():
         for cluster in clusters.split():
-            yield from ((f"{cluster.lower()} {noun}", cluster[:-1]) for noun in nouns.split())
+            for noun in nouns.split():
+                for mark in ("", ",", ":"):
+                    yield f"{cluster.lower()} {noun}{mark}", cluster[:-1]
 
 
 ION_NAMES: Final[Mapping[str, str]] = first_of_each(_phrases())

@@ -61,6 +61,8 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "methanol": "CH3OH",
         "ethanol": "C2H5OH",
         "formaldehyde": "CH2O",
+        "sulfuric acid": "H2SO4",
+        "nitric acid": "HNO3",
         "formic acid": "HCOOH",
         "acetic acid": "CH3COOH",
         "glycine": "C2H5NO2",

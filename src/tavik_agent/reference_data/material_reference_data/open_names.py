@@ -51,6 +51,15 @@ OPEN_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "calcium silicates": "CaSiO3",
         "iron silicate": "Fe2SiO4",
         "iron silicates": "Fe2SiO4",
+        "aluminum silicate": "Al2SiO5",
+        "aluminium silicate": "Al2SiO5",
+        # Salts whose cation or anion has no name of an element.
+        "lithium amide": "LiNH2",
+        "lithium imide": "Li2NH",
+        "sodium chlorate": "NaClO3",
+        "ammonium nitrate": "NH4NO3",
+        "ammonium chloride": "NH4Cl",
+        "ammonium perchlorate": "NH4ClO4",
         # Nitrides, carbides, pnictides, hydrides.
         "tantalum nitride": "TaN",
         "chromium nitride": "CrN",

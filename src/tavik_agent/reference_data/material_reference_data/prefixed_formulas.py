@@ -60,7 +60,7 @@ def _prefixed() -> Iterator[tuple[str, str]]:
             if formula in FREQUENT_FORMULAS and characters != plain:
                 yield f"{greek}-{characters},", formula
                 yield f"{greek}-{characters}:", formula
-            for prefix in (word, greek, f"$\\{word}$"):
+            for prefix in (greek, f"$\\{word}$"):
                 yield f"{prefix}-{latex}", formula
     for prefix, faces in _FACES.items():
         for face in faces.split():

@@ -133,13 +133,13 @@ def as_subscripts(formula: str) -> tuple[str, ...]:
 
 def as_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula before the marks of a sentence, and with subscripts."""
-    marks = ",.:?)" if formula in _FREQUENT else ",.:?"
-    return (formula, *(formula + mark for mark in marks), *as_subscripts(formula))
+    forms = (formula, *(formula + mark for mark in ",.:?"), *as_subscripts(formula))
+    return (*forms, formula + ")", f"`{formula}`") if formula in _FREQUENT else forms
 
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula alone, before a comma, with subscripts; HTML that would be misread."""
-    plain = before_comma(formula)
+    plain = (*before_comma(formula), *((formula + ".",) if formula.endswith(("o3", "o4")) else ()))
     if formula.isalpha() or _apart(formula)[1]:
         return (*plain, *as_plain_subscripts(formula))
     marked = _marked(formula)

@@ -165,6 +165,15 @@ def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
                 yield f"{written}({face})", solid
 
 
+def _overlayers() -> Iterator[tuple[str, str]]:
+    """Metals on silicon, magnetic metals on others: pb/si(111), co/cu(111)."""
+    for metal in "pb in ag au bi sn tl ga al sb".split():
+        yield f"{metal}/si(111)", "Si"
+    for surface in "Cu(111) Cu(001) Ag(111) Au(111) Pt(111) Ir(111) W(110)".split():
+        for metal in ("fe", "co", "mn"):
+            yield f"{metal}/{surface.lower()}", surface.partition("(")[0]
+
+
 def _adsorbed(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
     """A molecule over the first of the faces: co/pt(111)."""
     for solid, indices in faces.items():
@@ -265,7 +274,9 @@ def _metal_faces() -> Iterator[tuple[str, str]]:
 
 
 # Oxides and crystals behind a slash or a colon.
-ON_OXIDES: Final[Mapping[str, str]] = first_of_each([*_wet_supports(), *_colon_hosts()])
+ON_OXIDES: Final[Mapping[str, str]] = first_of_each(
+    [*_wet_supports(), *_colon_hosts(), *_overlayers()]
+)
 
 
 def _titled_faces() -> Iterator[tuple[str, str]]:

@@ -121,6 +121,7 @@ _SALTS: Final = (
     ("gallate", "AGaO3", _RARE_EARTHS),
     ("gallate", "AGa2O4", "zinc magnesium"),
     ("scandate", "AScO3", _RARE_EARTHS),
+    ("vanadate", "AVO3", "strontium calcium"),
     ("vanadate", "AVO4", "yttrium bismuth indium iron gadolinium lutetium"),
     ("orthovanadate", "AVO4", _TRIVALENT),
     ("tungstate", "AWO4", f"{_DIVALENT} calcium strontium barium lead"),
@@ -183,5 +184,9 @@ def _salts() -> Iterator[tuple[str, str]]:
             yield f"{name} {anion}", _NAMES[name] + pattern[1:]
 
 
+# Anions with their counts, as the second word of a name has them.
+COUNTED_ANIONS: Final = frozenset(
+    _with_prefix(prefix, anion) for anion, prefixes, _ in _COUNTED for prefix in prefixes.split()
+)
 SALTS: Final[Mapping[str, str]] = first_of_each(_salts())
 SYSTEMATIC_NAMES: Final[Mapping[str, str]] = first_of_each(_counted())

@@ -27,6 +27,8 @@ _LIGHT: Final = frozenset(
     "hydrogen boron carbon nitrogen oxygen fluorine sulfur sulphur chlorine silicon".split()
 )
 _NANO: Final = frozenset("silicon carbon gold silver copper platinum iron nickel zinc".split())
+_JOINED_TO_NOUNS: Final = (*_JOINED, "-rich", "-poor", "-containing", "-based")
+_USUAL_FACES: Final = frozenset("111 110 100 001 0001 10-10 101 211".split())
 # The dashes that are typed or typeset for a hyphen: non-breaking hyphen, en dash.
 _DASHES: Final = ("\u2011", "\u2013")
 
@@ -59,6 +61,11 @@ def before_comma(phrase: str) -> tuple[str, ...]:
     return (phrase, phrase + ",")
 
 
+def as_context(phrase: str) -> tuple[str, ...]:
+    """The phrase before a comma, unless a noun must follow ("v-doped")."""
+    return (phrase,) if phrase.endswith(_JOINED_TO_NOUNS) else before_comma(phrase)
+
+
 def on_oxides(phrase: str) -> tuple[str, ...]:
     """The phrase; below a single atom ("pt1/ceo2") and with a face before a comma, too."""
     return before_comma(phrase) if "1/" in phrase or phrase[-1] == ")" else (phrase,)
@@ -73,8 +80,8 @@ def as_open_formula(phrase: str) -> tuple[str, ...]:
 def on_surfaces(phrase: str) -> tuple[str, ...]:
     """The phrase; a host behind "in" or "on" before a comma, a usual face before any mark, too."""
     _, _, face = phrase.partition("(")
-    usual = face and "/" not in phrase and " " not in face and phrase[-1] != ":"
-    if phrase.endswith(("doped si", "doped silicon")):
+    usual = face[:-1] in _USUAL_FACES and "/" not in phrase and phrase[-1] != ":"
+    if phrase.endswith(("doped si", "doped silicon", "doped ge", "doped germanium")):
         return (phrase, phrase + ",", phrase + ":")
     if usual:
         return (phrase, phrase + ",", phrase + ":", phrase + ".", phrase + "?")
