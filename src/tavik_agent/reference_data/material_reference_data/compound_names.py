@@ -12,6 +12,7 @@ from .chalcogenide_names import CHALCOGENIDE_NAMES
 from .common_formulas import COMMON_FORMULAS
 from .defective_oxides import DEFECTIVE_OXIDES
 from .family_formulas import FAMILY_FORMULAS
+from .frequent_formulas import FREQUENT_FORMULAS
 from .mineral_names import MINERAL_NAMES
 from .mixed_crystals import MIXED_CRYSTALS, OPEN_FORMULAS
 from .molecule_names import MOLECULE_FORMULAS, MOLECULE_NAMES
@@ -53,6 +54,7 @@ GROUPS: Final = (
     (PNICTIDE_HALIDE_NAMES, as_quoted_name),
     (OXIDE_NAMES, as_quoted_name),
     (SALTS, as_salt),
+    ({f"{n}-based": f for n, f in SALTS.items() if f in FREQUENT_FORMULAS}, alone),
     ({n: f for n, f in _COUNTED_NAMES.items() if f in _KNOWN}, in_phrases),
     ({n: f for n, f in _COUNTED_NAMES.items() if f not in _KNOWN}, alone),
     (MINERAL_NAMES, as_rare_name),

@@ -33,7 +33,7 @@ _CRYSTALS: Final = "yag luag y2o3 gd2o3 al2o3 caf2 yvo4 k2sif6 nayf4 liyf4 labr3
 _CLUSTERS: Final = {
     "dimer molecule cluster": "Mn2 Fe2 Ni2 Cu2 Zn2 Cd2 Hg2 Sn2 Pb2",
     "trimer molecule cluster": "Mn3 Fe3 Ni3 Cu3 Cr3 V3 Al3 Nb3 Ru3 Rh3 Ir3",
-    "tetramer cluster": "Mn4 Fe4 Ni4 Si4 Ru4 Rh4 Ir4 Zr4",
+    "tetramer cluster": "Mn4 Fe4 Si4 Rh4 Ir4",
 }
 NO_CLUSTERS: Final = tuple(
     f"{symbol}{charge}" for charge, symbols in _IONS.items() for symbol in symbols.split()

@@ -187,6 +187,6 @@ def _salts() -> Iterator[tuple[str, str]]:
 # Anions with their counts, as the second word of a name has them.
 COUNTED_ANIONS: Final = frozenset(
     _with_prefix(prefix, anion) for anion, prefixes, _ in _COUNTED for prefix in prefixes.split()
-)
+) | {"sesquisulfide", "tri-iodide"}
 SALTS: Final[Mapping[str, str]] = first_of_each(_salts())
 SYSTEMATIC_NAMES: Final[Mapping[str, str]] = first_of_each(_counted())
