@@ -78,8 +78,8 @@ _WET: Final = (
 
 # What graphene is joined with behind or before a slash and is the material then.
 _BESIDE_GRAPHENE: Final = (
-    "tio2 zno sno2 moo3 wo3 v2o5 mno2 fe2o3 fe3o4 co3o4 nio ceo2 hfo2 in2se3 gase inse gas sns2 "
-    "g-c3n4 phosphorene silicene crcl3"
+    "tio2 zno sno2 moo3 wo3 v2o5 mno2 fe2o3 fe3o4 co3o4 nio ceo2 hfo2 in2se3 gase inse sns2 "
+    "g-c3n4 phosphorene"
 ).split()
 
 # Symbols by the structure that people name with them, with a blank or a hyphen between.

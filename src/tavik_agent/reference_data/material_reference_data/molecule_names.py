@@ -34,7 +34,9 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "gas-phase water": "H2O",
         "isolated water": "H2O",
         "heavy water": "H2O",
-        **dict.fromkeys(("ice ih", "hexagonal ice", "cubic ice", "amorphous ice", "ice xi"), "H2O"),
+        **dict.fromkeys(
+            ("ice ih", "hexagonal ice", "cubic ice", "amorphous ice", "ice vii"), "H2O"
+        ),
         "h2o molecule": "H2O",
         "h2o molecules": "H2O",
         "ammonia borane": "NH3BH3",
