@@ -5,7 +5,8 @@ markup and takes bismuth for the material; where the only count ends the formula
 it finds all elements and loses the count. Nothing is found in Unicode characters, after bare
 underscores and in a formula that is set as a whole ("$\\mathrm{TiO_2}$"). So each form costs a row,
 and the forms are chosen by harm: all of them for the frequent formulas; marks behind dollars and
-HTML where a piece would pass for the material; the plain form of the rest.
+HTML where a piece would pass for the material; the plain form of the rest. The series get characters
+and dollars only: HTML is rare in what people type, and a colon or comma behind them is not.
 
 Sources: none needed; the markups are those of titles in LaTeX, of web pages and of typed text.
 """
@@ -13,7 +14,6 @@ Sources: none needed; the markups are those of titles in LaTeX, of web pages and
 from typing import Final
 
 from .frequent_formulas import FREQUENT_FORMULAS
-from .written_forms import before_comma
 
 _FREQUENT: Final = frozenset(formula.lower() for formula in FREQUENT_FORMULAS)
 _DIGITS: Final = "0123456789"
@@ -138,10 +138,7 @@ def as_formula(formula: str) -> tuple[str, ...]:
 
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
-    """A lower-case formula alone, before a comma, with subscripts; HTML that would be misread."""
-    plain = (*before_comma(formula), *((formula + ".",) if formula.endswith(("o3", "o4")) else ()))
-    if formula.isalpha() or _apart(formula)[1]:
-        return (*plain, *as_plain_subscripts(formula))
-    marked = _marked(formula)
-    latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
-    return (*plain, formula.translate(_CHARACTERS), latex, html)
+    """A lower-case formula before a comma, with subscripts; oxides, sulfides before more marks."""
+    anion = formula.rstrip(_DIGITS)
+    marks = ",.:" if anion.endswith("o") else ",:" if anion.endswith("s") else ","
+    return (formula, *(formula + mark for mark in marks), *as_plain_subscripts(formula))

@@ -17,7 +17,7 @@ from itertools import product
 from types import MappingProxyType
 from typing import Final
 
-from .subscripts import as_plain_subscripts
+from .compound_faces import COMPOUND_FACES, FACES
 from .written_forms import before_comma, first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
@@ -77,17 +77,6 @@ _METALS: Final = {
 _SELDOM: Final = frozenset("Pb Ta Nb V Cr Li Na Re Os Zr Zn Be Gd Tc".split())
 _REACTIVE_METALS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe Co".split()
 _SEMICONDUCTOR_FACES: Final = {"Si": "001 100 110 111", "Ge": "001 100 110 111"}
-_COMPOUND_FACES: Final = {
-    "TiO2": "110 101 001 100", "SrTiO3": "001 100 110 111", "BaTiO3": "001 100",
-    "CeO2": "111 110 100", "ZnO": "0001 10-10 000-1", "NiO": "001 100 111", "CoO": "001 100",
-    "FeO": "111", "MnO": "001", "Fe2O3": "0001", "Fe3O4": "001 111", "Co3O4": "110 001",
-    "Cr2O3": "0001", "Cu2O": "111", "CuO": "111", "SnO2": "110", "RuO2": "110", "IrO2": "110",
-    "MnO2": "110", "WO3": "001", "In2O3": "111 110", "Ga2O3": "100", "ZrO2": "101 111",
-    "UO2": "111", "GaAs": "001 110 100 111", "GaN": "0001 10-10", "InAs": "001 110",
-    "InP": "001", "MoS2": "0001", "Bi2Se3": "0001", "Bi2Te3": "0001", "PbS": "001",
-    "FeS2": "100", "Al2O3": "0001", "MgO": "001 100 111 110", "CaO": "001", "SiO2": "0001",
-    "CaF2": "111", "NaCl": "001 100", "LaAlO3": "001", "SiC": "0001", "CaCO3": "10-14",
-}  # fmt: skip
 _ADSORBATES: Final = "h h2 o o2 n2 co co2 no oh h2o nh3 ch4".split()
 _MOLECULES: Final = "h2 o2 co co2 no h2o nh3 ch4".split()
 # Oxides and layers that molecules are put on without naming the face.
@@ -161,8 +150,6 @@ def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
         for number, face in enumerate(indices.split()):
             for phrase in _styles(solid, face, rare=number > (0 if solid in _SELDOM else 3)):
                 yield phrase, solid
-            for written in as_plain_subscripts(solid.lower()):
-                yield f"{written}({face})", solid
 
 
 def _overlayers() -> Iterator[tuple[str, str]]:
@@ -190,7 +177,7 @@ def _wet_supports() -> Iterator[tuple[str, str]]:
         for guest in (*_MOLECULES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
             yield f"{guest}/{name}", solid
             if solid in _REDUCIBLE:
-                yield f"{guest}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
+                yield f"{guest}/{name}({FACES[solid].split()[0]})", solid
 
 
 def _diamond() -> Iterator[str]:
@@ -279,20 +266,10 @@ ON_OXIDES: Final[Mapping[str, str]] = first_of_each(
 )
 
 
-def _titled_faces() -> Iterator[tuple[str, str]]:
-    """The usual face of a compound before a colon, as titles have it."""
-    for solid, faces in _COMPOUND_FACES.items():
-        face = faces.split()[0]
-        yield f"{solid.lower()}({face}):", solid
-        if solid in _REDUCIBLE:
-            yield f"{solid.lower()}{{{face}}}:", solid
-
-
 # Faces of compounds, semiconductor hosts, faces of metals, metal hosts.
 SURFACE_NAMES: Final[Mapping[str, str]] = first_of_each(
     [
-        *_faces(_COMPOUND_FACES),
-        *_titled_faces(),
+        *COMPOUND_FACES.items(),
         *_hosts(),
         *_faces(_SEMICONDUCTOR_FACES),
         *_metal_faces(),

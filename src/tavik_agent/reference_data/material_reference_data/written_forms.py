@@ -28,7 +28,7 @@ _LIGHT: Final = frozenset(
 )
 _NANO: Final = frozenset("silicon carbon gold silver copper platinum iron nickel zinc".split())
 _JOINED_TO_NOUNS: Final = (*_JOINED, "-rich", "-poor", "-containing", "-based")
-_USUAL_FACES: Final = frozenset("111 110 100 001 0001 10-10 101 211".split())
+_USUAL_FACES: Final = frozenset("111 110 100 001 0001 10-10 101 211 010 104".split())
 # The dashes that are typed or typeset for a hyphen: non-breaking hyphen, en dash.
 _DASHES: Final = ("\u2011", "\u2013")
 
@@ -79,13 +79,13 @@ def as_open_formula(phrase: str) -> tuple[str, ...]:
 
 def on_surfaces(phrase: str) -> tuple[str, ...]:
     """The phrase; a host behind "in" or "on" before a comma, a usual face before any mark, too."""
-    _, _, face = phrase.partition("(")
-    usual = face[:-1] in _USUAL_FACES and "/" not in phrase and phrase[-1] != ":"
+    solid, _, face = phrase.partition("(")
+    usual = face[:-1] in _USUAL_FACES and "/" not in phrase
     if phrase.endswith(("doped si", "doped silicon", "doped ge", "doped germanium")):
         return (phrase, phrase + ",", phrase + ":")
-    if usual:
+    if usual and solid.isalnum() and solid.isascii():
         return (phrase, phrase + ",", phrase + ":", phrase + ".", phrase + "?")
-    return before_comma(phrase) if phrase[:3] in ("in ", "on ") else (phrase,)
+    return before_comma(phrase) if usual or phrase[:3] in ("in ", "on ") else (phrase,)
 
 
 def in_phrases(phrase: str) -> tuple[str, ...]:
