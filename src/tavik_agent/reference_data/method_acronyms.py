@@ -10,8 +10,8 @@ Criterion, for what the rules make:
   is NiO), and where two of its letters are the symbol of an element that occurs in compounds;
 - three such letters that spell a non-metal before a metal (BSC, FSI, ICU) are one as well: formulas
   begin with the metal;
-- the plural of a run in capitals is read with the last capital as an element that no compound holds
-  (CNTs, FFTs, IEs, PCs);
+- in the plural of such a run the last capital and the s would be an element that no compound ends
+  with (CNTs, FFTs, IEs, PCs);
 - such a run with a number from 17 to 29 behind it is a data set named by its year (OC20), a letter
   that stands twice before a number a method (CC3, VV10);
 - a V before an element with which vanadium forms no such compound is a vacancy (VZn, VSi);
@@ -64,8 +64,8 @@ _CHEMISTRY: Final = frozenset(
         "KBF", "KBH", "KPF", "KPO", "KVF", "KVO", "KWO", "BN", "BP", "BCN", "BNC", "BNO", "BC",
         "BPO", "FPO", "VB", "VC", "VN", "VO", "VP", "VF", "VH", "VCN", "VNC", "VOF", "VPO",
         "WB", "WC", "WN", "WO", "WP", "WS", "WCN", "WSN", "WOS", "UB", "UC", "UN", "UO", "UF",
-        "UH", "UCN", "UNC", "UCO", "UOF", "YH", "YN", "YP", "YS", "YO", "YF", "YC", "YOF", "YOI",
-        "YVO", "YPO", "YHO", "PCN", "CI",
+        "UH", "UCN", "UNC", "UCO", "UOF", "UOS", "YH", "YN", "YP", "YS", "YO", "YF", "YC", "YOF",
+        "YOI", "YVO", "YPO", "YHO", "PCN", "CI",
     }
 )
 # fmt: on

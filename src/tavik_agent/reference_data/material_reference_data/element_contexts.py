@@ -151,6 +151,7 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
         "yttria-stabilised": "Y",
         **dict.fromkeys(("nv center", "nv centre", "nv centers", "nv centres"), "N"),
         **dict.fromkeys(("nv-", "nv−", "nitrogen-vacancy"), "N"),
+        "siv-": "Si",
         **{
             f"{symbol.lower()}v {centre}": symbol
             for symbol in ("Si", "Ge", "Sn")

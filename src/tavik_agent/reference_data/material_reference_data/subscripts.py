@@ -5,8 +5,8 @@ markup and takes bismuth for the material; where the only count ends the formula
 it finds all elements and loses the count. Nothing is found in Unicode characters, after bare
 underscores and in a formula that is set as a whole ("$\\mathrm{TiO_2}$"). So each form costs a row,
 and the forms are chosen by harm: all of them for the frequent formulas; marks behind dollars and
-HTML where a piece would pass for the material; the plain form of the rest. The series get characters
-and dollars only: HTML is rare in what people type, and a colon or comma behind them is not.
+HTML where a piece would pass for the material; the plain form of the rest. The series get
+characters and dollars only: HTML is rare in what people type, and a colon behind them is not.
 
 Sources: none needed; the markups are those of titles in LaTeX, of web pages and of typed text.
 """

@@ -191,7 +191,7 @@ def _diamond() -> Iterator[str]:
     for noun in ("film", "films", "slab", "nanoparticles", "nanocrystals", "nanowires", "surfaces"):
         yield f"diamond {noun}"
     yield from ("nanodiamond", "nanodiamonds", "cvd diamond")
-    for vacancy in ("nv", "nv-", "nv−", "siv", "gev", "snv"):
+    for vacancy in ("nv", "nv-", "nv−", "siv", "siv-", "gev", "snv"):
         for centre in ("center", "centre", "centers", "centres"):
             yield from before_comma(f"{vacancy} {centre}")
 
