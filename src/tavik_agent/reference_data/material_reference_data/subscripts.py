@@ -133,12 +133,17 @@ def as_subscripts(formula: str) -> tuple[str, ...]:
 
 def as_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula before the marks of a sentence, and with subscripts."""
-    forms = (formula, *(formula + mark for mark in ",.:?"), *as_subscripts(formula))
+    forms = (
+        formula, formula + ",", formula + ".", formula + ":", formula + "?",
+        *as_subscripts(formula),
+    )  # fmt: skip
     return (*forms, formula + ")", f"`{formula}`") if formula in _FREQUENT else forms
 
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula before a comma, with subscripts; oxides, sulfides before more marks."""
-    anion = formula.rstrip(_DIGITS)
-    marks = ",.:" if anion.endswith("o") else ",:" if anion.endswith("s") else ","
-    return (formula, *(formula + mark for mark in marks), *as_plain_subscripts(formula))
+    forms = (formula, formula + ",", *as_plain_subscripts(formula))
+    anion = formula.rstrip(_DIGITS)[-1]
+    if anion == "o":
+        return (*forms, formula + ".", formula + ":")
+    return (*forms, formula + ":") if anion == "s" else forms
