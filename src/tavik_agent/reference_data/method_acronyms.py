@@ -8,7 +8,14 @@ Criterion, for what the rules make:
   WCC) is an abbreviation. It is no entry where it is a known compound (KOH, HCN, BN), where another
   mixture of large and small letters spells an element or a formula of the tables (COS is CoS, NIO
   is NiO), and where two of its letters are the symbol of an element that occurs in compounds;
-- such a run with a number from 17 to 29 behind it is a data set named by its year (OC20);
+- three such letters that spell a non-metal before a metal (BSC, FSI, ICU) are one as well: formulas
+  begin with the metal;
+- in the plural of such a run the last capital and the s would be an element that no compound ends
+  with (CNTs, FFTs, IEs, PCs);
+- such a run with a number from 17 to 29 behind it is a data set named by its year (OC20), a letter
+  that stands twice before a number a method (CC3, VV10);
+- a V before an element with which vanadium forms no such compound is a vacancy (VZn, VSi);
+- an ion (Fe3+, Ti4+) is no cluster; the phrases of ions.py bring its element back;
 - a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
   "Li1-xCoO2"). As a formula it would make the material a metal. So would a symbol with 2 or 3
   before a variable that is no molecule ("La2-xSrxCuO4"), and two symbols with the count 0 of the
@@ -25,7 +32,7 @@ C. Hermann, Strukturbericht 1913-1928 (1931), for the structure symbols; Interna
 Crystallography, Volume A, for the space groups.
 
 Left out because a formula would be lost: HF (Hf, hydrogen fluoride), SI (Si), SIC (SiC), CO (Co,
-CO), NI (Ni), OS (Os), PBS (PbS), SC (Sc), TI (Ti), NP (Np), NBO (NbO), WC (WC), CN (cyanides), INS
+CO), NI (Ni), OS (Os), PBS (PbS), SC (Sc), TI (Ti), NP (Np), WC (WC), CN (cyanides), INS
 (InS), BP (BP), HFC (HfC); HE, since helium is written more often than the sentence word;
 W, Y, B, C, F, H, N, O, P and S, which stand for elements more often than for units, axes or points
 of the Brillouin zone.
@@ -42,6 +49,7 @@ from tavik_agent.material_reference_data import (
 )
 from tavik_agent.material_reference_data.compound_names import GROUPS
 from tavik_agent.material_reference_data.element_contexts import FIRST_PIECES
+from tavik_agent.material_reference_data.ions import NO_CLUSTERS
 
 # Runs of one-letter symbols that are molecules, radicals, groups, or compounds without counts.
 # fmt: off
@@ -50,14 +58,14 @@ _CHEMISTRY: Final = frozenset(
         "HCN", "HNC", "HCP", "HCO", "CHO", "COH", "HOCO", "OCHO", "HCOH", "CHOH", "OH", "OOH",
         "HOO", "HOOH", "NH", "NNH", "HNN", "HNNH", "HNO", "NOH", "HNOH", "NNO", "ONO", "HONO",
         "CH", "CCH", "HCCH", "CF", "CN", "NCO", "OCN", "CNO", "HNCO", "HOCN", "FCN", "ICN", "CHF",
-        "CNH", "OCCO", "OCS", "SCN", "KSCN", "SO", "SH", "HS", "SF", "SOF", "PH", "PO", "PN",
+        "CNH", "OCCO", "OCS", "SCN", "KSCN", "SO", "SH", "HS", "SF", "SOF", "PO", "PN",
         "HPO", "NF", "NNF", "OF", "HOF", "FOOF", "BH", "BF", "BO", "BOH", "HBO", "HBNH", "BNH",
-        "IF", "HI", "HOI", "KF", "KI", "KH", "KO", "KS", "KP", "KOH", "KCN", "KNO", "KIO", "KHF",
+        "IF", "HI", "HOI", "KF", "KI", "KH", "KO", "KS", "KOH", "KCN", "KNO", "KIO", "KHF",
         "KBF", "KBH", "KPF", "KPO", "KVF", "KVO", "KWO", "BN", "BP", "BCN", "BNC", "BNO", "BC",
-        "BPO", "FPO", "VB", "VC", "VN", "VO", "VP", "VS", "VF", "VH", "VCN", "VNC", "VOF", "VPO",
-        "WB", "WC", "WN", "WO", "WP", "WS", "WF", "WCN", "WSN", "WOS", "UB", "UC", "UN", "UO", "UF",
-        "UH", "UCN", "UNC", "UCO", "UOF", "YH", "YN", "YP", "YS", "YO", "YF", "YC", "YOF", "YOI",
-        "YVO", "YPO", "YHO", "PCN", "CI",
+        "BPO", "FPO", "VB", "VC", "VN", "VO", "VP", "VF", "VH", "VCN", "VNC", "VOF", "VPO",
+        "WB", "WC", "WN", "WO", "WP", "WS", "WCN", "WSN", "WOS", "UB", "UC", "UN", "UO", "UF",
+        "UH", "UCN", "UNC", "UCO", "UOF", "UOS", "YH", "YN", "YP", "YS", "YO", "YF", "YC", "YOF",
+        "YOI", "YVO", "YPO", "YHO", "PCN", "CI",
     }
 )
 # fmt: on
@@ -82,8 +90,30 @@ def _longer(runs: list[str]) -> list[str]:
 
 _TWO: Final = _longer([*_ONE_LETTER])
 _THREE: Final = _longer(_TWO)
+_NON_METALS: Final = "BCFHINOPS"
+# CO and HO are carbon monoxide and hydroxyl in the formulas of molecules.
+_METALS: Final = sorted(p for p in _PAIRS - {"CO", "HO"} if {*p} <= {*_ONE_LETTER})
+_ANION_FIRST: Final = [
+    anion + metal
+    for anion, metal in product(_NON_METALS, _METALS)
+    if anion + metal[0] not in _PAIRS
+]
+# Two-letter symbols in s that no compound ends with.
+_PLURALS: Final = [
+    run + end
+    for run, end in chain(
+        product((*_ONE_LETTER, *_TWO), ("CS", "DS", "ES", "HS", "OS", "TS")),
+        product(_THREE, ("TS",)),
+    )
+    if run[-1] + end[0] not in _PAIRS
+]
+_TWICE: Final = [f"{letter}{letter}{number}" for letter in _ONE_LETTER for number in range(2, 10)]
 _DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
 
+# Elements whose vacancies are written with a V and that form no compound VX (VZn, VSi).
+_VACANT: Final = (
+    "LI NA RB CS MG CA SR BA LA HF ZR ZN CD HG CU AG AL GA TL SI GE SN PB BI CL BR".split()
+)
 # Elements whose single atoms are written with a 1 ("Pt1/MgO").
 _SINGLE_ATOMS: Final = frozenset("Pt Pd Au Ag Rh Ir Ru Os Cu Fe Co Ni".split())
 # Elements of mixed crystals, whose first piece may hold two symbols ("BaCe0.9Y0.1O3").
@@ -94,7 +124,8 @@ _IN_MIXED_CRYSTALS: Final = (
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
-    *(piece.upper() for piece in FIRST_PIECES),
+    *(piece.upper() for piece in (*FIRST_PIECES, *NO_CLUSTERS)),
+    *(f"V{symbol}" for symbol in _VACANT),
     *(f"{one}{two}0" for one, two in product(_IN_MIXED_CRYSTALS, repeat=2)),
 ]
 
@@ -113,13 +144,14 @@ _WORDS: Final = frozenset(
         # Functionals, exchange and correlation, excited states, embedding.
         "VWN5", "SVWN5", "PW86", "PW91", "PW92", "BPW91", "B3PW91", "BP86",
         "P86", "B86", "B88", "B97", "B98", "PW6B95", "B95", "VV10", "PSIC", "UHF",
-        "CPHF", "CI", "CIPSI", "SCS", "SOS",
+        "CPHF", "CUHF", "SCPC", "FHI98PP", "HFCC", "HFCCS", "CI", "CIPSI", "SCS", "SOS",
         "SCCS", "COBI", "ICOBI", "COOP", "ICOOP", "COHP", "ICOHP", "NICS",
         # Spin states, spin-orbit coupling and phenomena of the solid.
         "SO", "BIC", "SF",
         # Programs, input tags, force fields, simulation methods.
         "CP2K", "PYSCF", "PHON", "PHONOPY", "PSI4", "ISPIN", "ISIF",
-        "SISSO",
+        "SISSO", "NSPIN", "NIONS", "IONIC", "NVHPC", "HIPCC", "NBOS", "SWCNTS", "FP16",
+        "FP32", "FP64", "BF16", "SN2",
         # Further abbreviations of methods, quantities and devices.
         "CSP", "SBH", "ISC", "VOCS", "OSC", "PSI", "NPN",
         "PIN", "POISSON",
@@ -142,19 +174,20 @@ _WORDS: Final = frozenset(
         "V2",
         # Experiments, computing, places of publication, devices.
         "CPU", "CPUS", "CSV",
-        "PSC", "PSCS", "SOFCS", "SSB", "SIB",
+        "PSC", "PSCS", "SSES", "SOFCS", "SSB", "SIB",
         # Abbreviations of materials that spell other elements; a row of the compound names gives
-        # their composition where it is settled. "SiV" is a colour centre, "COF" and "HOIP"
-        # classes.
-        "YBCO", "BSCCO", "SIV", "COF", "HOIP", "NCS",
+        # their composition where it is settled. "SiV" and its like are colour centres, "COF" and
+        # "HOIP" classes.
+        "YBCO", "BSCCO", "BSCF", "PBSCF", "SIV", "GEV", "SNV", "PBV", "COF", "HOIP", "NCS",
         # "NaN", not a number; "KPa", the misspelt kilopascal.
         "NAN", "KPA",
         # Benchmark sets and processors.
         "S22", "S66", "W4", "W1", "BH76", "FH51", "V100", "H100", "P100", "K80", "B200", "N12",
         # Institutes and facilities that hold the symbol of an element.
-        "OSU", "UCSB", "UCSC", "USC", "ISIS", "CSNS",
+        "OSU", "UCSB", "UCSC", "USC", "ISIS", "CSNS", "CSCS", "CSC", "NCSU", "P450",
         # Words in capitals of licences, mails and tables.
-        "INC", "INF", "CC0", "COPY", "POP3", "NIV",
+        "INC", "INF", "CC0", "COPY", "POP3", "NIV", "CSS", "VCS", "PUSH", "CON",
+        "BISON", "SOCKS", "CUPS", "VISION", "FUSION", "FISSION", "UNION", "BUNCH", "WIN32",
         # Deliberate exceptions: entries that equal an element symbol or a formula.
         #
         # Sentence words: "In this work", "As a test", "I want to", "No magnetism", "At 300 K", "Am
@@ -179,8 +212,12 @@ _WORDS: Final = frozenset(
         "UP",
         # Born-Oppenheimer; boron oxide without counts is only ever built from a list of elements.
         "BO",
-        # Valence band; vanadium monoboride is found by name.
-        "VB",
+        # Coefficients of dispersion; clusters of carbon have names.
+        "C6", "C8",
+        # Natural bond orbitals; "rocksalt nbo" and "bulk nbo" bring niobium monoxide back.
+        "NBO",
+        # Valence band; "PBE VS LDA". Vanadium monoboride and monosulfide are found by name.
+        "VB", "VS",
         # Self-consistent charges; scandium carbide is found by name.
         "SCC",
         # Spin crossover; scandium oxide without counts is only ever built from a list of elements.
@@ -195,5 +232,9 @@ _WORDS: Final = frozenset(
 # fmt: on
 
 
-_RUNS: Final = filterfalse(_SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE)))
-METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(chain(_RUNS, _WORDS, _DATA_SETS, _PIECES))
+_RUNS: Final = filterfalse(
+    _SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE), _ANION_FIRST, _PLURALS)
+)
+METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
+    chain(_RUNS, _WORDS, _DATA_SETS, _TWICE, _PIECES)
+)

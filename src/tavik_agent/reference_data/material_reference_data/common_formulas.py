@@ -49,12 +49,13 @@ _CLASSES: Final = (
     ("{}2{}O3", "Li Na", "Ti Mn Ru Ir Zr Sn Ni Fe Mo Si"),
     ("{}3{}5O12", "Y Gd Lu Tb Dy Er Tm", "Fe Al Ga"),
     ("{}{}O4", "Y La Bi Ca Sr Ba Pb Zn Cd Gd Lu In Fe Ce", "V W Mo Nb"),
+    ("{}{}O3", "Na K", "Cl Br"), ("XeF{}", "2 4 6"),
     ("Li{}PO4", "Fe Mn Co Ni"), ("Na{}PO4", "Fe Mn Co Ni"), ("{}PO4", "Fe Mn Co Ni Al Bi Ce"),
     ("{}2SiO4", "Mg Fe Mn Co Ni Ca Zn Be"), ("{}2SiO5", "Y Lu Gd La Sc Yb"),
     # Battery materials.
     ("Li3{}{}6", "Y In Er Sc Ho", "Cl Br"), ("{}3PS4", "Li Na K"),
     ("{}3SbS4", "Li Na K"), ("Li10{}P2S12", "Ge Sn Si"), ("Li4Ti5O12",),
-    ("Li3{}2P3O12", "Ti Fe V Sc"), ("NaZr2P3O12",), ("Na3Zr2Si2PO12",), ("Li7La3{}2O12", "Zr Ta"),
+    ("Li3{}2P3O12", "Ti Fe V Sc"), ("NaZr2P3O12",), ("Li7La3{}2O12", "Zr Ta"),
     ("Li5La3{}2O12", "Ta Nb"), ("LiPON",), ("Na2{}2TeO6", "Ni Zn Co Mg"), ("LiNi{}O", "Mn Co"),
     # Pnictides: 122, 111 and 1111 compounds, Zintl phases, tetradymites and skutterudites.
     ("{}{}2{}2", "Ba Sr Ca Eu K", "Fe Co Ni Mn", "As P"),

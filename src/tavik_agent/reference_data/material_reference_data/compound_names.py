@@ -11,10 +11,12 @@ from .bracketed_formulas import BRACKETED_FORMULAS, FORMULAS_IN_CONTEXT
 from .chalcogenide_names import CHALCOGENIDE_NAMES
 from .common_formulas import COMMON_FORMULAS
 from .defective_oxides import DEFECTIVE_OXIDES
+from .family_formulas import FAMILY_FORMULAS
+from .frequent_formulas import FREQUENT_FORMULAS
 from .mineral_names import MINERAL_NAMES
 from .mixed_crystals import MIXED_CRYSTALS, OPEN_FORMULAS
 from .molecule_names import MOLECULE_FORMULAS, MOLECULE_NAMES
-from .open_names import OPEN_NAMES
+from .open_names import ALLOY_NAMES, OPEN_NAMES
 from .oxide_names import OXIDE_NAMES
 from .phase_names import PHASE_NAMES
 from .pnictide_halide_names import PNICTIDE_HALIDE_NAMES
@@ -27,8 +29,10 @@ from .written_forms import (
     alone,
     as_name,
     as_open_formula,
+    as_quoted_name,
     as_rare_name,
     as_salt,
+    before_comma,
     in_forms,
     in_phrases,
     in_sentences,
@@ -39,15 +43,20 @@ from .written_formulas import SUBSTRATE_FORMULAS, WRITTEN_FORMULAS
 
 _RANKED_BELOW: Final = {**OPEN_NAMES, **PROTOTYPE_NAMES, **SUBSTRATE_NAMES, **MOLECULE_NAMES}
 
+_COUNTED_NAMES: Final = {n: f for n, f in SYSTEMATIC_NAMES.items() if n not in _RANKED_BELOW}
+_KNOWN: Final = frozenset((*WRITTEN_FORMULAS.values(), *SUBSTRATE_FORMULAS.values()))
+
 # Each group with the forms that it is made in. Of rows with the same phrase the first stands.
 GROUPS: Final = (
     # Names, those of the rule below those of the lists.
     (PHASE_NAMES, as_name),
-    (CHALCOGENIDE_NAMES, as_name),
-    (PNICTIDE_HALIDE_NAMES, as_name),
-    (OXIDE_NAMES, as_name),
+    (CHALCOGENIDE_NAMES, as_quoted_name),
+    (PNICTIDE_HALIDE_NAMES, as_quoted_name),
+    (OXIDE_NAMES, as_quoted_name),
     (SALTS, as_salt),
-    ({n: f for n, f in SYSTEMATIC_NAMES.items() if n not in _RANKED_BELOW}, in_phrases),
+    ({f"{n}-based": f for n, f in SALTS.items() if f in FREQUENT_FORMULAS}, alone),
+    ({n: f for n, f in _COUNTED_NAMES.items() if f in _KNOWN}, in_phrases),
+    ({n: f for n, f in _COUNTED_NAMES.items() if f not in _KNOWN}, alone),
     (MINERAL_NAMES, as_rare_name),
     # Formulas as people type them.
     (BRACKETED_FORMULAS, in_sentences),
@@ -55,12 +64,14 @@ GROUPS: Final = (
     (MIXED_CRYSTALS, alone),
     (OPEN_FORMULAS, as_open_formula),
     (PREFIXED_FORMULAS, alone),
-    (FORMULAS_IN_CONTEXT, in_sentences),
+    (FORMULAS_IN_CONTEXT, in_phrases),
     (WRITTEN_FORMULAS, as_formula),
     (COMMON_FORMULAS, as_rare_formula),
     (SUBSTRATE_FORMULAS, as_formula),
     # Names that a written formula may specify or outrank.
+    (FAMILY_FORMULAS, alone),
     (OPEN_NAMES, in_sentences),
+    (ALLOY_NAMES, before_comma),
     (PROTOTYPE_NAMES, as_rare_name),
     # Supports, faces, hosts; then what is adsorbed on them.
     (SUBSTRATE_NAMES, as_name),

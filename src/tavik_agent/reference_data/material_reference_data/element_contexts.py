@@ -16,13 +16,15 @@ from collections.abc import Iterable, Mapping
 from types import MappingProxyType
 from typing import Final
 
+from .compound_classes import ANION_PLURALS
 from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
-from .systematic_names import SALTS
+from .family_formulas import ELEMENTS_OF_FAMILIES
+from .ions import ION_NAMES
 from .written_forms import (
     alone,
     as_anion,
+    as_context,
     as_element_name,
-    before_comma,
     first_of_each,
     in_forms,
     in_sentences,
@@ -73,6 +75,12 @@ _SOLVENTS: Final = "w tungsten fe iron ti titanium cr chromium zr zirconium nb n
 _WET: Final = (
     "tio2 ceo2 mgo al2o3 zno fe2o3 fe3o4 sio2 wo3 co3o4 nio mos2 zro2 srtio3 bivo4".split()
 )
+
+# What graphene is joined with behind or before a slash and is the material then.
+_BESIDE_GRAPHENE: Final = (
+    "tio2 zno sno2 moo3 wo3 v2o5 mno2 fe2o3 fe3o4 co3o4 nio ceo2 hfo2 in2se3 gase inse sns2 "
+    "g-c3n4 phosphorene"
+).split()
 
 # Symbols by the structure that people name with them, with a blank or a hyphen between.
 _STRUCTURES: Final = {
@@ -143,8 +151,15 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
         "yttria-stabilised": "Y",
         **dict.fromkeys(("nv center", "nv centre", "nv centers", "nv centres"), "N"),
         **dict.fromkeys(("nv-", "nv−", "nitrogen-vacancy"), "N"),
-        **dict.fromkeys(("siv center", "siv centre"), "Si"),
+        "siv-": "Si",
+        **{
+            f"{symbol.lower()}v {centre}": symbol
+            for symbol in ("Si", "Ge", "Sn")
+            for centre in ("center", "centre", "centers", "centres")
+        },
         # Symbols that are sentence words.
+        **dict.fromkeys(("br, i", "br, i)", "br, i),", "br, i).", "br, i):", "br,i)"), "I"),
+        **dict.fromkeys(("br and i)", "br, and i)", "(x = i,", "(x=i,", "(x=cl,br,i)"), "I"),
         "k-ion": "K",
         "k+": "K",
         "bulk-k": "K",
@@ -201,9 +216,15 @@ def _contexts() -> Iterable[tuple[str, str]]:
         symbol, partner = alloy.split()
         yield f"{symbol}-{partner}".lower(), symbol
         yield f"{partner}-{symbol}".lower(), symbol
+        if symbol == "V":
+            yield f"v/{partner}".lower(), symbol
+            yield f"{partner}/v".lower(), symbol
     for oxide in _WET:
         yield from ((f"{oxide}{dash}water", "H") for dash in ("-", "–", "/"))
         yield f"water/{oxide}", "H"
+    for layer in _BESIDE_GRAPHENE:
+        yield f"{layer}/graphene", "C"
+        yield f"graphene/{layer}", "C"
     for phrase in ("in water,", "in water.", "in water?", "under water", "and water"):
         yield phrase, "H"
     for symbol in ("Re", "Pa", "Am"):
@@ -229,71 +250,14 @@ def _contexts() -> Iterable[tuple[str, str]]:
 
 CONTEXTS: Final[Mapping[str, str]] = first_of_each(_contexts())
 
-# Elements whose compounds are named in the plural, as a class ("zirconium hydrides").
-_FORM_COMPOUNDS: Final = (
-    "lithium sodium potassium rubidium cesium caesium beryllium magnesium calcium strontium barium "
-    "scandium yttrium lanthanum cerium praseodymium neodymium samarium europium gadolinium terbium "
-    "dysprosium holmium erbium thulium ytterbium lutetium thorium uranium neptunium plutonium "
-    "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten manganese "
-    "rhenium iron ruthenium cobalt iridium nickel palladium platinum copper silver "
-    "gold zinc cadmium boron aluminum aluminium gallium indium thallium silicon germanium "
-    "tin lead bismuth sulfur nitrogen"
-).split()
-_CLASSES: Final = (
-    "hydride boride carbide silicide nitride phosphide arsenide oxide sulfide sulphide selenide "
-    "telluride fluoride chloride bromide iodide"
-).split()
-
-
-# Second elements of compounds whose full name is a row only where one composition is meant. They
-# keep "vanadium phosphate" from being the metal.
-_SECOND_ELEMENTS: Final = {
-    "phosphate": "P", "phosphates": "P", "fluorophosphate": "P",
-    "thiophosphate": "P", "silicate": "Si", "silicates": "Si", "sulfate": "S", "sulfates": "S",
-    "carbonate": "C", "carbonates": "C", "nitrate": "N", "borate": "B", "borates": "B",
-    "oxynitride": "N", "oxysulfide": "S", "hydroxide": "O", "hydroxides": "O",
-    "oxyhydroxide": "O", "borohydride": "H", "titanate": "Ti", "titanates": "Ti", "niobate": "Nb",
-    "tantalate": "Ta", "vanadate": "V", "vanadates": "V", "molybdate": "Mo", "tungstate": "W",
-    "ferrite": "Fe", "ferrites": "Fe", "manganite": "Mn", "manganites": "Mn",
-    "cobaltite": "Co", "nickelate": "Ni", "nickelates": "Ni", "cuprate": "Cu", "cuprates": "Cu",
-    "iridate": "Ir", "iridates": "Ir", "ruthenate": "Ru", "ruthenates": "Ru", "stannate": "Sn",
-    "zirconate": "Zr", "aluminate": "Al", "aluminates": "Al", "aluminides": "Al",
-    "pnictides": "As", "pnictide": "As",
-}  # fmt: skip
-_FORM_SALTS: Final = (
-    "lithium sodium potassium magnesium calcium strontium barium yttrium lanthanum "
-    "titanium zirconium vanadium niobium chromium manganese iron "
-    "cobalt nickel copper zinc aluminum aluminium bismuth"
-).split()
-
-
-def _plurals() -> Iterable[tuple[str, str]]:
-    """The anion of a class of compounds; the metal has a row of its own, or gets one here."""
-    for name in _FORM_COMPOUNDS:
-        for anion in _CLASSES:
-            yield f"{name} {anion}s", ANION_NAMES[anion]
-    for anion in _CLASSES:
-        yield f"{anion}s of", ANION_NAMES[anion]
-    for name in _FORM_SALTS:
-        for word, element in _SECOND_ELEMENTS.items():
-            if f"{name} {word}" not in SALTS:
-                yield f"{name} {word}", element
-        for oxide in ("oxide", "oxides"):
-            yield f"({name} {oxide})", ELEMENT_NAMES.get(name, "Zn")
-    for name in ("cesium", "caesium", "methylammonium", "formamidinium", "rubidium"):
-        for halide in ("halide", "halides"):
-            yield f"{name} lead {halide}", "Pb"
-            yield f"{name} tin {halide}", "Sn"
-
-
-ANION_PLURALS: Final[Mapping[str, str]] = first_of_each(_plurals())
-
 # All names and contexts. Every phrase that a request holds adds its element.
 # Order: that of the species, so anions last.
 ELEMENT_NAME_ALIASES: Final[Mapping[str, str]] = in_forms(
     (ELEMENT_NAMES, as_element_name),
     (HEAVIEST_NAMES, in_sentences),
-    (CONTEXTS, before_comma),
+    (CONTEXTS, as_context),
+    (ION_NAMES, alone),
+    (ELEMENTS_OF_FAMILIES, alone),
     (ANION_NAMES, as_anion),
     (ANION_PLURALS, alone),
 )

@@ -92,7 +92,7 @@ _OPEN_END: Final = (
     "MoO WO TiO VO NbO TaO CrO MnO FeO CoO NiO CuO ZnO CeO PrO HfO ZrO AlO SiO GaO InO SnO GeO PdO "
     "PtO RuO IrO UO YO LaO MgO AgO BiO SiN TiN NbN CN BN AlN CrN GaN ZrN HfN FeN TaN WN SiC TiC "
     "MoS WS CuS FeS NiS CoS SnS MoSe FeSe CuSe PdH TiH ZrH MgH LaH NbH YH FeO LiPON SiCN SiOC "
-    "NiFeO CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO"
+    "NiFeO CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO SrFeO SrCoO LaNiO NdNiO LaMnO CaMnO SrTiO"
 ).split()
 _REDUCED: Final = (
     "CeO2 TiO2 WO3 MoO3 ZrO2 HfO2 UO2 V2O5 SnO2 In2O3 VO2 MnO2 ZnO NiO SrTiO3 BaTiO3 BaSnO3 LaMnO3 "
@@ -124,11 +124,11 @@ _IN_OXIDES: Final = (
     ("0.95", "0.05"),
 )  # fmt: skip
 # First shares that are also written in brackets before the count of an oxide, and in LaTeX.
-_BRACKETED: Final = ("0.5", "0.8", "0.7", "0.75", "0.9")
+_BRACKETED: Final = ("0.5", "0.8", "0.7", "0.9")
 _SET_SHARES: Final = ("0.5", "0.8", "0.7")
 # What opens and closes a share or a count. One character stands without braces.
 _PLAIN, _LATEX, _LOW, _HTML = ("", ""), ("$_{", "}$"), ("_{", "}"), ("<sub>", "</sub>")
-_MARKUPS: Final = (_PLAIN, _LATEX, _LOW, _HTML)
+_MARKUPS: Final = (_PLAIN, _LATEX, _HTML, _LOW)
 # The share of an element that fills its site in part, with the markup of the counts beside it.
 _SHARES: Final = {
     **dict.fromkeys(("x", "1-x", "1−x", "0.5", "0.75"), _PLAIN), "_x": _LOW, "_{x}": _LOW,
@@ -184,7 +184,7 @@ def _variable(system: str) -> Iterator[tuple[str, str]]:
     yield f"{start}({a},{b}){count}{end}", formula
     rest = f"{count or '1'}-x"
     of_metals, oxide = _is_of_metals(start, end, formula), _is_oxide(end)
-    for markup in _MARKUPS[:2] if of_metals else _MARKUPS:
+    for markup in _MARKUPS[: 2 if of_metals else 3 if oxide else 4]:
         before, behind = _in_markup(start, markup), _in_markup(end, markup)
         first, second = _set(rest, markup), _set("x", markup)
         yield f"{before}{a}{first}{b}{second}{behind}", formula

@@ -34,7 +34,9 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "gas-phase water": "H2O",
         "isolated water": "H2O",
         "heavy water": "H2O",
-        "ice ih": "H2O",
+        **dict.fromkeys(
+            ("ice ih", "hexagonal ice", "cubic ice", "amorphous ice", "ice vii"), "H2O"
+        ),
         "h2o molecule": "H2O",
         "h2o molecules": "H2O",
         "ammonia borane": "NH3BH3",
@@ -61,6 +63,8 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "methanol": "CH3OH",
         "ethanol": "C2H5OH",
         "formaldehyde": "CH2O",
+        "sulfuric acid": "H2SO4",
+        "nitric acid": "HNO3",
         "formic acid": "HCOOH",
         "acetic acid": "CH3COOH",
         "glycine": "C2H5NO2",
@@ -117,6 +121,10 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "phosphine": "PH3",
         "arsine": "AsH3",
         "hydrazine": "N2H4",
+        "porphyrin": "C20H14N4",
+        "porphyrins": "C20H14N4",
+        "phthalocyanine": "C32H18N8",
+        "phthalocyanines": "C32H18N8",
         "ferrocene": "FeC10H10",
         "fe(co)5": "FeC5O5",
         "ni(co)4": "NiC4O4",
@@ -125,6 +133,7 @@ MOLECULE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         # "NO on" (a dropped word, see the acronyms) comes after every solid that has a row.
         "no on": "NO",
         "no adsorbed": "NO",
+        **dict.fromkeys((f"no and {gas}" for gas in "co no2 n2o nh3 so2 co2 o2".split()), "NO"),
         # Water with other words; the bare word has no row.
         **dict.fromkeys((f"water {word}" for word in _BEHIND_WATER), "H2O"),
         **dict.fromkeys((f"{word} water" for word in _BEFORE_WATER), "H2O"),

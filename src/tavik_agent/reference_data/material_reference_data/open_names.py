@@ -7,9 +7,37 @@ Sources: CRC Handbook of Chemistry and Physics, 97th edition (2016), for the com
 Left out: names without a commonest compound (iron oxide, copper chloride, indium selenide).
 """
 
-from collections.abc import Mapping
+from collections.abc import Iterator, Mapping
 from types import MappingProxyType
 from typing import Final
+
+from .elements import ELEMENT_NAMES
+from .written_forms import first_of_each
+
+# Alloys of two metals in words; the formula names both.
+_ALLOYS: Final = (
+    "vanadium-titanium nickel-titanium niobium-titanium titanium-aluminum titanium-aluminium "
+    "iron-chromium iron-nickel iron-cobalt iron-aluminum iron-aluminium iron-silicon iron-carbon "
+    "cobalt-chromium cobalt-nickel nickel-aluminum nickel-aluminium copper-zinc copper-nickel "
+    "copper-gold copper-tin copper-zirconium copper-palladium silver-gold silver-copper "
+    "palladium-silver palladium-gold platinum-ruthenium platinum-cobalt platinum-nickel "
+    "aluminum-lithium aluminium-lithium aluminum-magnesium aluminium-magnesium aluminum-copper "
+    "aluminium-copper aluminum-silicon aluminium-silicon magnesium-zinc tungsten-rhenium "
+    "tungsten-tantalum molybdenum-rhenium uranium-molybdenum uranium-zirconium uranium-plutonium "
+    "zirconium-niobium lead-bismuth lead-tin silicon-germanium bismuth-antimony"
+).split()
+
+
+def _alloys() -> Iterator[tuple[str, str]]:
+    names = {**ELEMENT_NAMES, "lead": "Pb", "tin": "Sn", "zinc": "Zn"}
+    for alloy in _ALLOYS:
+        one, two = alloy.split("-")
+        for first, second in ((one, two), (two, one)):
+            for dash in "-–":
+                yield f"{first}{dash}{second}", names[first] + names[second]
+
+
+ALLOY_NAMES: Final[Mapping[str, str]] = first_of_each(_alloys())
 
 OPEN_NAMES: Final[Mapping[str, str]] = MappingProxyType(
     {
@@ -23,6 +51,15 @@ OPEN_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "calcium silicates": "CaSiO3",
         "iron silicate": "Fe2SiO4",
         "iron silicates": "Fe2SiO4",
+        "aluminum silicate": "Al2SiO5",
+        "aluminium silicate": "Al2SiO5",
+        # Salts whose cation or anion has no name of an element.
+        "lithium amide": "LiNH2",
+        "lithium imide": "Li2NH",
+        "sodium chlorate": "NaClO3",
+        "ammonium nitrate": "NH4NO3",
+        "ammonium chloride": "NH4Cl",
+        "ammonium perchlorate": "NH4ClO4",
         # Nitrides, carbides, pnictides, hydrides.
         "tantalum nitride": "TaN",
         "chromium nitride": "CrN",

@@ -155,6 +155,8 @@ OXIDE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "yttria": "Y2O3",
         "zirconia": "ZrO2",
         "anatase(101)": "TiO2",
+        "reduced rutile": "TiO2",
+        "reduced anatase": "TiO2",
         "anatase(001)": "TiO2",
         # Oxo salts.
         "calcium silicate": "CaSiO3",

@@ -26,6 +26,8 @@ PHASE_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "graphene on": "C",
         "carbon nanotube": "C",
         "carbon nanotubes": "C",
+        **dict.fromkeys(("cnt", "cnts", "swcnt", "swcnts", "mwcnts"), "C"),
+        "bnnts": "BN",
         "buckminsterfullerene": "C60",
         "buckyball": "C60",
         "fullerene c60": "C60",

@@ -55,12 +55,12 @@ def _prefixed() -> Iterator[tuple[str, str]]:
             for prefix in (word, greek):
                 yield f"{prefix}-{plain}", formula
                 yield f"{prefix}-{characters}", formula
-                yield f"{prefix}-{in_html(plain)}", formula
+            yield f"{greek}-{in_html(plain)}", formula
             # Characters hide the formula, so it would be lost before a mark.
             if formula in FREQUENT_FORMULAS and characters != plain:
                 yield f"{greek}-{characters},", formula
                 yield f"{greek}-{characters}:", formula
-            for prefix in (word, greek, f"$\\{word}$"):
+            for prefix in (greek, f"$\\{word}$"):
                 yield f"{prefix}-{latex}", formula
     for prefix, faces in _FACES.items():
         for face in faces.split():

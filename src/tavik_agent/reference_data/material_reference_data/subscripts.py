@@ -5,7 +5,8 @@ markup and takes bismuth for the material; where the only count ends the formula
 it finds all elements and loses the count. Nothing is found in Unicode characters, after bare
 underscores and in a formula that is set as a whole ("$\\mathrm{TiO_2}$"). So each form costs a row,
 and the forms are chosen by harm: all of them for the frequent formulas; marks behind dollars and
-HTML where a piece would pass for the material; the plain form of the rest.
+HTML where a piece would pass for the material; the plain form of the rest. The series get
+characters and dollars only: HTML is rare in what people type, and a colon behind them is not.
 
 Sources: none needed; the markups are those of titles in LaTeX, of web pages and of typed text.
 """
@@ -126,20 +127,23 @@ def as_subscripts(formula: str) -> tuple[str, ...]:
     low = _in_markup(marked, _LOW_BRACES if formula[-1].isalpha() else _LOW)
     return (
         formula.translate(_CHARACTERS), latex, latex + ",", latex + ".", html, braces, low,
-        latex + ":", f"({latex})", html + ",", html + ".", html + ":", braces + ",",
+        latex + ":", braces + ",",
     )  # fmt: skip
 
 
 def as_formula(formula: str) -> tuple[str, ...]:
     """A lower-case formula before the marks of a sentence, and with subscripts."""
-    forms = (formula, formula + ",", formula + ".", formula + ":", *as_subscripts(formula))
-    return (*forms, formula + "?", formula + ")") if formula in _FREQUENT else forms
+    forms = (
+        formula, formula + ",", formula + ".", formula + ":", formula + "?",
+        *as_subscripts(formula),
+    )  # fmt: skip
+    return (*forms, formula + ")", f"`{formula}`") if formula in _FREQUENT else forms
 
 
 def as_rare_formula(formula: str) -> tuple[str, ...]:
-    """A lower-case formula in plain form, and with subscripts; HTML where it would be misread."""
-    if formula.isalpha() or _apart(formula)[1]:
-        return (formula, *as_plain_subscripts(formula))
-    marked = _marked(formula)
-    latex, html = _in_markup(marked, _LATEX), _in_markup(marked, _HTML)
-    return (formula, formula.translate(_CHARACTERS), latex, html)
+    """A lower-case formula before a comma, with subscripts; oxides, sulfides before more marks."""
+    forms = (formula, formula + ",", *as_plain_subscripts(formula))
+    anion = formula.rstrip(_DIGITS)[-1]
+    if anion == "o":
+        return (*forms, formula + ".", formula + ":")
+    return (*forms, formula + ":") if anion == "s" else forms

@@ -13,11 +13,12 @@ Au(111)") is the film.
 """
 
 from collections.abc import Iterator, Mapping
+from itertools import product
 from types import MappingProxyType
 from typing import Final
 
-from .subscripts import as_plain_subscripts
-from .written_forms import first_of_each
+from .compound_faces import COMPOUND_FACES, FACES
+from .written_forms import before_comma, first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
 # sapphire" or "Pd on alumina" the first-named material decides where it has a row.
@@ -73,20 +74,11 @@ _METALS: Final = {
     "bcc": "Fe W Mo Ta Nb V Cr Li Na",
     "hcp": "Ru Co Re Os Ti Zr Mg Zn Be Gd Tc",
 }
+_SELDOM: Final = frozenset("Pb Ta Nb V Cr Li Na Re Os Zr Zn Be Gd Tc".split())
 _REACTIVE_METALS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe Co".split()
 _SEMICONDUCTOR_FACES: Final = {"Si": "001 100 110 111", "Ge": "001 100 110 111"}
-_COMPOUND_FACES: Final = {
-    "TiO2": "110 101 001 100", "SrTiO3": "001 100 110 111", "BaTiO3": "001 100",
-    "CeO2": "111 110 100", "ZnO": "0001 10-10 000-1", "NiO": "001 100 111", "CoO": "001 100",
-    "FeO": "111", "MnO": "001", "Fe2O3": "0001", "Fe3O4": "001 111", "Co3O4": "110 001",
-    "Cr2O3": "0001", "Cu2O": "111", "CuO": "111", "SnO2": "110", "RuO2": "110", "IrO2": "110",
-    "MnO2": "110", "WO3": "001", "In2O3": "111", "Ga2O3": "100", "ZrO2": "101 111",
-    "UO2": "111", "GaAs": "001 110 100 111", "GaN": "0001 10-10", "InAs": "001 110",
-    "InP": "001", "MoS2": "0001", "Bi2Se3": "0001", "Bi2Te3": "0001", "PbS": "001",
-    "FeS2": "100", "Al2O3": "0001", "MgO": "001 100 111 110", "CaO": "001", "SiO2": "0001",
-    "CaF2": "111", "NaCl": "001 100", "LaAlO3": "001", "SiC": "0001", "CaCO3": "10-14",
-}  # fmt: skip
 _ADSORBATES: Final = "h h2 o o2 n2 co co2 no oh h2o nh3 ch4".split()
+_MOLECULES: Final = "h2 o2 co co2 no h2o nh3 ch4".split()
 # Oxides and layers that molecules are put on without naming the face.
 _SUPPORTS: Final = (
     "TiO2 CeO2 MgO Al2O3 ZnO Fe2O3 Fe3O4 SiO2 In2O3 SnO2 NiO Co3O4 ZrO2 MoS2 SrTiO3 Cu2O CuO WO3"
@@ -95,8 +87,9 @@ _SUPPORTS: Final = (
 _REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
 _UNDER_ATOMS: Final = _REDUCIBLE[:3]
 
-# Dopants that are written before silicon, germanium and their like.
+# Dopants that are written before silicon and germanium.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
+_DOPANTS_OF_GE: Final = "b p as sb ga sn mn li n".split()
 _ACTIVATORS: Final = "ce nd eu er yb tm tb pr mn cr ti fe co".split()
 _LASER_CRYSTALS: Final = (
     "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS LiNbO3 SrTiO3 BaTiO3 YAlO3 "
@@ -106,6 +99,7 @@ _CRYSTALS: Final = {
     **{formula.lower(): formula for formula in _LASER_CRYSTALS},
     "yag": "Y3Al5O12", "luag": "Lu3Al5O12", "sapphire": "Al2O3",
 }  # fmt: skip
+_BEHIND_DIAMOND: Final = "from with using and at under by on is are has gives via within".split()
 # Hosts by symbol and by name, with the words before which they are hosts.
 _HOSTS_IN: Final = "Pd Pt Cu Ag Ni Al Fe W Cr Nb Ta Zr Si Ge Mo Rh Ir".split()
 _HOSTS_ON: Final = "Pt Pd Cu Ag Au Ni Rh Ru Ir Fe W Si Ge Mo Al".split()
@@ -154,10 +148,17 @@ def _styles(solid: str, indices: str, *, rare: bool) -> Iterator[str]:
 def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
     for solid, indices in faces.items():
         for number, face in enumerate(indices.split()):
-            for phrase in _styles(solid, face, rare=number > 3):
+            for phrase in _styles(solid, face, rare=number > (0 if solid in _SELDOM else 3)):
                 yield phrase, solid
-            for written in as_plain_subscripts(solid.lower()):
-                yield f"{written}({face})", solid
+
+
+def _overlayers() -> Iterator[tuple[str, str]]:
+    """Metals on silicon, magnetic metals on others: pb/si(111), co/cu(111)."""
+    for metal in "pb in ag au bi sn tl ga al sb".split():
+        yield f"{metal}/si(111)", "Si"
+    for surface in "Cu(111) Cu(001) Ag(111) Au(111) Pt(111) Ir(111) W(110)".split():
+        for metal in ("fe", "co", "mn"):
+            yield f"{metal}/{surface.lower()}", surface.partition("(")[0]
 
 
 def _adsorbed(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
@@ -173,10 +174,26 @@ def _wet_supports() -> Iterator[tuple[str, str]]:
     atoms = [metal + "1" for metal in metals]
     for solid in _SUPPORTS:
         name = solid.lower()
-        for guest in (*_ADSORBATES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
+        for guest in (*_MOLECULES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
             yield f"{guest}/{name}", solid
             if solid in _REDUCIBLE:
-                yield f"{guest}/{name}({_COMPOUND_FACES[solid].split()[0]})", solid
+                yield f"{guest}/{name}({FACES[solid].split()[0]})", solid
+
+
+def _diamond() -> Iterator[str]:
+    """Diamond as a host. "In diamond" and "of diamond" alone also stand before "structure"."""
+    for centre in ("center", "centre", "(nv", "(siv"):
+        yield f"{centre}) in diamond"
+    for before in ("in", "of", "for", "doped"):
+        yield from (f"{before} diamond{mark}" for mark in (",", ".", "?", ":", ")"))
+        yield from (f"{before} diamond {word}" for word in _BEHIND_DIAMOND)
+    yield from (f"{carrier}-doped diamond" for carrier in ("hole", "electron", "p", "phosphorus"))
+    for noun in ("film", "films", "slab", "nanoparticles", "nanocrystals", "nanowires", "surfaces"):
+        yield f"diamond {noun}"
+    yield from ("nanodiamond", "nanodiamonds", "cvd diamond")
+    for vacancy in ("nv", "nv-", "nv−", "siv", "siv-", "gev", "snv"):
+        for centre in ("center", "centre", "centers", "centres"):
+            yield from before_comma(f"{vacancy} {centre}")
 
 
 def _hosts() -> Iterator[tuple[str, str]]:
@@ -184,19 +201,22 @@ def _hosts() -> Iterator[tuple[str, str]]:
         for host in (symbol.lower(), name):
             for before in ("bulk", "crystalline", "amorphous", "doped", "in", "on"):
                 yield f"{before} {host}", symbol
-            for dopant in _DOPANTS:
+            for dopant in _DOPANTS if symbol == "Si" else _DOPANTS_OF_GE:
                 yield f"{dopant}-doped {host}", symbol
         yield f"of {symbol.lower()}", symbol
     yield "silicon wafer", "Si"
-    # "In diamond" alone also stands before "structure".
-    for centre in ("center", "centre", "(nv", "(siv"):
-        yield f"{centre}) in diamond", "C"
+    yield from ((phrase, "C") for phrase in _diamond())
 
 
 def _colon_hosts() -> Iterator[tuple[str, str]]:
     """Luminescent and laser crystals as they are written behind their dopant: ce:labr3."""
     for name, formula in _CRYSTALS.items():
         yield from ((f"{dopant}:{name}", formula) for dopant in _ACTIVATORS)
+    for garnet, dopant in product(("yag", "luag"), ("ce", "nd", "eu", "tb", "er", "yb", "cr")):
+        formula = _CRYSTALS[garnet]
+        yield f"{garnet}:{dopant}", formula
+        yield f"{garnet}:{dopant}3+", formula
+        yield f"{dopant}3+:{garnet}", formula
 
 
 def _metal_hosts() -> Iterator[tuple[str, str]]:
@@ -218,9 +238,14 @@ def _metal_hosts() -> Iterator[tuple[str, str]]:
         for before in ("on", "in"):
             yield f"{before} {name} oxide", formula
     for name, symbol in _METAL_NAMES.items():
-        for before in ("in", "on", "over", "in bcc", "in fcc", "in hcp"):
+        structures = (f"in {s}" for s, metals in _METALS.items() if symbol in metals.split())
+        for before in ("in", "on", "over", *structures):
             yield f"{before} {name}", symbol
-    yield "in alpha-iron", "Fe"
+    # Phases at high temperature or pressure.
+    for phase in ("alpha-iron", "fcc iron", "hcp iron"):
+        yield f"in {phase}", "Fe"
+    yield "in bcc titanium", "Ti"
+    yield "in bcc zirconium", "Zr"
 
 
 # Graphene on what is named behind it.
@@ -236,23 +261,15 @@ def _metal_faces() -> Iterator[tuple[str, str]]:
 
 
 # Oxides and crystals behind a slash or a colon.
-ON_OXIDES: Final[Mapping[str, str]] = first_of_each([*_wet_supports(), *_colon_hosts()])
-
-
-def _titled_faces() -> Iterator[tuple[str, str]]:
-    """The usual face of a compound before a colon, as titles have it."""
-    for solid, faces in _COMPOUND_FACES.items():
-        face = faces.split()[0]
-        yield f"{solid.lower()}({face}):", solid
-        if solid in _REDUCIBLE:
-            yield f"{solid.lower()}{{{face}}}:", solid
+ON_OXIDES: Final[Mapping[str, str]] = first_of_each(
+    [*_wet_supports(), *_colon_hosts(), *_overlayers()]
+)
 
 
 # Faces of compounds, semiconductor hosts, faces of metals, metal hosts.
 SURFACE_NAMES: Final[Mapping[str, str]] = first_of_each(
     [
-        *_faces(_COMPOUND_FACES),
-        *_titled_faces(),
+        *COMPOUND_FACES.items(),
         *_hosts(),
         *_faces(_SEMICONDUCTOR_FACES),
         *_metal_faces(),

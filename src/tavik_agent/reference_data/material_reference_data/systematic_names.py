@@ -31,10 +31,9 @@ _METALS: Final = (
     "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten manganese "
     "rhenium iron ruthenium osmium cobalt rhodium iridium nickel palladium platinum copper"
 )
-_MAIN_GROUP: Final = (
-    "beryllium magnesium calcium strontium barium zinc cadmium mercury aluminum aluminium gallium "
-    "indium tin lead silicon germanium"
-)
+_DIVALENT_ONLY: Final = "beryllium magnesium calcium strontium barium zinc cadmium mercury"
+_BEYOND_TWO: Final = "aluminum aluminium gallium indium tin lead silicon germanium"
+_MAIN_GROUP: Final = f"{_DIVALENT_ONLY} {_BEYOND_TWO}"
 _GROUP_15: Final = "arsenic antimony bismuth"
 _ACTINIDES: Final = "thorium uranium neptunium plutonium"
 _NAMES: Final = {**ELEMENT_NAMES, "tin": "Sn", "lead": "Pb", "zinc": "Zn"}
@@ -43,22 +42,30 @@ _NAMES: Final = {**ELEMENT_NAMES, "tin": "Sn", "lead": "Pb", "zinc": "Zn"}
 _COUNTED: Final = (
     ("hydride", "di tri", f"{_RARE_EARTHS} {_EARLY} {_ACTINIDES} magnesium calcium aluminum"),
     ("hydride", "hexa ennea deca", "lanthanum cerium yttrium calcium thorium magnesium lutetium"),
-    ("boride", "mono di tetra", f"{_METALS} magnesium aluminum yttrium uranium"),
+    ("boride", "di", f"{_METALS} magnesium aluminum yttrium uranium"),
+    ("boride", "mono tetra", "vanadium chromium manganese iron cobalt nickel tungsten"),
     ("boride", "hexa dodeca", f"{_RARE_EARTHS} zirconium calcium strontium barium uranium"),
     ("carbide", "mono di", f"{_EARLY} yttrium lanthanum calcium {_ACTINIDES}"),
     ("nitride", "mono di", f"{_EARLY} rhenium osmium platinum gadolinium uranium plutonium"),
-    ("silicide", "mono di", f"{_METALS} yttrium erbium gadolinium calcium barium uranium"),
-    ("phosphide", "mono di tri", f"{_METALS} zinc tin germanium"),
-    ("arsenide", "mono di tri", f"{_EARLY} iron cobalt nickel platinum zinc cadmium"),
-    ("antimonide", "mono di tri", "iron cobalt rhodium iridium nickel niobium chromium"),
-    ("oxide", "mono di tri", f"{_METALS} {_MAIN_GROUP} {_GROUP_15} {_ACTINIDES}"),
+    ("silicide", "di", f"{_METALS} yttrium erbium gadolinium calcium barium uranium"),
+    ("silicide", "mono", "chromium manganese iron cobalt nickel rhodium iridium platinum calcium"),
+    ("phosphide", "mono di", f"{_METALS} zinc tin germanium"),
+    ("phosphide", "tri", "cobalt nickel rhodium iridium copper tin"),
+    ("arsenide", "mono di", f"{_EARLY} iron cobalt nickel platinum zinc cadmium"),
+    ("antimonide", "mono di", "iron cobalt nickel niobium chromium"),
+    ("antimonide", "tri", "cobalt rhodium iridium"),
+    ("oxide", "mono di tri", f"{_METALS} {_BEYOND_TWO} {_GROUP_15} {_ACTINIDES}"),
+    ("oxide", "mono di", _DIVALENT_ONLY),
     ("oxide", "di tri", "cerium praseodymium terbium tellurium selenium boron yttrium lanthanum"),
-    *((anion, "mono di tri", f"{_METALS} {_GROUP_15} {_SULFIDES} uranium lanthanum samarium "
+    *((anion, "di tri", f"{_METALS} {_GROUP_15} {_SULFIDES} uranium lanthanum samarium "
        "europium gadolinium") for anion in ("sulfide", "sulphide", "selenide", "telluride")),
+    *((anion, "mono", f"{_SULFIDES} {_3D} uranium samarium europium") for anion in
+      ("sulfide", "sulphide", "selenide", "telluride")),
     ("telluride", "tri", "cerium lanthanum terbium dysprosium neodymium holmium"),
     ("telluride", "penta", "zirconium hafnium"),
-    *((anion, "di tri", f"{_3D} {_MAIN_GROUP} {_GROUP_15} ruthenium molybdenum niobium europium "
+    *((anion, "di tri", f"{_3D} {_BEYOND_TWO} {_GROUP_15} ruthenium molybdenum niobium europium "
        "palladium platinum") for anion in _HALIDES),
+    *((anion, "di", _DIVALENT_ONLY) for anion in _HALIDES),
     *((anion, "tri", f"{_RARE_EARTHS} {_ACTINIDES} boron") for anion in _HALIDES),
     *((anion, "tetra", f"{_EARLY} {_ACTINIDES} silicon germanium tin") for anion in _HALIDES),
     ("fluoride", "penta hexa", "tungsten molybdenum uranium tantalum niobium arsenic antimony"),
@@ -114,6 +121,7 @@ _SALTS: Final = (
     ("gallate", "AGaO3", _RARE_EARTHS),
     ("gallate", "AGa2O4", "zinc magnesium"),
     ("scandate", "AScO3", _RARE_EARTHS),
+    ("vanadate", "AVO3", "strontium calcium"),
     ("vanadate", "AVO4", "yttrium bismuth indium iron gadolinium lutetium"),
     ("orthovanadate", "AVO4", _TRIVALENT),
     ("tungstate", "AWO4", f"{_DIVALENT} calcium strontium barium lead"),
@@ -176,5 +184,9 @@ def _salts() -> Iterator[tuple[str, str]]:
             yield f"{name} {anion}", _NAMES[name] + pattern[1:]
 
 
+# Anions with their counts, as the second word of a name has them.
+COUNTED_ANIONS: Final = frozenset(
+    _with_prefix(prefix, anion) for anion, prefixes, _ in _COUNTED for prefix in prefixes.split()
+) | {"sesquisulfide", "tri-iodide"}
 SALTS: Final[Mapping[str, str]] = first_of_each(_salts())
 SYSTEMATIC_NAMES: Final[Mapping[str, str]] = first_of_each(_counted())

@@ -19,9 +19,16 @@ from .elements import HARDLY_WRITTEN
 # What a hyphen joins to the name of an element that is a guest. "Based", "rich" and "ion" are not
 # here: in "iron-based superconductors" iron alone would make a metal of them.
 _JOINED: Final = (
-    "-doped", "-codoped", "-terminated", "-substituted", "-decorated", "-intercalated",
-    "-passivated", "-covered", "-vacancy", "-induced", "-deficient",
+    "-doped", "-codoped", "-terminated", "-substituted", "-decorated", "-intercalated", "-covered",
+    "-deficient",
 )  # fmt: skip
+_JOINED_TO_LIGHT: Final = ("-passivated", "-vacancy", "-induced")
+_LIGHT: Final = frozenset(
+    "hydrogen boron carbon nitrogen oxygen fluorine sulfur sulphur chlorine silicon".split()
+)
+_NANO: Final = frozenset("silicon carbon gold silver copper platinum iron nickel zinc".split())
+_JOINED_TO_NOUNS: Final = (*_JOINED, "-rich", "-poor", "-containing", "-based")
+_USUAL_FACES: Final = frozenset("111 110 100 001 0001 10-10 101 211 010 104".split())
 # The dashes that are typed or typeset for a hyphen: non-breaking hyphen, en dash.
 _DASHES: Final = ("\u2011", "\u2013")
 
@@ -34,14 +41,14 @@ def alone(phrase: str) -> tuple[str, ...]:
 def as_anion(name: str) -> tuple[str, ...]:
     """The name of an anion in every form that the element before it may be found in."""
     return (
-        *in_sentences(name), name + ")", name + "),", name + ").", name + '"', name + "...",
-        name + "…", name + "!", name + "'s", name + "’s", name + "-based",
+        *in_sentences(name), name + ")", name + "),", name + ").", name + "...", name + "'s",
+        name + "-based",
     )  # fmt: skip
 
 
 def as_salt(name: str) -> tuple[str, ...]:
     """A name of two metals; in a form without a row it would be read as the first metal."""
-    return (name, name + ",", name + ".", name + ")", name + "-based")
+    return (name, name + ",", name + ".", name + ")")
 
 
 def as_rare_name(name: str) -> tuple[str, ...]:
@@ -54,9 +61,14 @@ def before_comma(phrase: str) -> tuple[str, ...]:
     return (phrase, phrase + ",")
 
 
+def as_context(phrase: str) -> tuple[str, ...]:
+    """The phrase before a comma, unless a noun must follow ("v-doped")."""
+    return (phrase,) if phrase.endswith(_JOINED_TO_NOUNS) else before_comma(phrase)
+
+
 def on_oxides(phrase: str) -> tuple[str, ...]:
-    """The phrase; below a single atom ("pt1/ceo2") before a comma, too."""
-    return (phrase, phrase + ",") if "1/" in phrase else (phrase,)
+    """The phrase; below a single atom ("pt1/ceo2") and with a face before a comma, too."""
+    return before_comma(phrase) if "1/" in phrase or phrase[-1] == ")" else (phrase,)
 
 
 def as_open_formula(phrase: str) -> tuple[str, ...]:
@@ -66,16 +78,18 @@ def as_open_formula(phrase: str) -> tuple[str, ...]:
 
 
 def on_surfaces(phrase: str) -> tuple[str, ...]:
-    """The phrase; doped silicon, a host behind "in" or "on", a usual face before a comma, too."""
-    _, _, face = phrase.partition("(")
-    usual = face and "/" not in phrase and " " not in face and phrase[-1] != ":"
-    if phrase.endswith(("doped si", "doped silicon")):
+    """The phrase; a host behind "in" or "on" before a comma, a usual face before any mark, too."""
+    solid, _, face = phrase.partition("(")
+    usual = face[:-1] in _USUAL_FACES and "/" not in phrase
+    if phrase.endswith(("doped si", "doped silicon", "doped ge", "doped germanium")):
         return (phrase, phrase + ",", phrase + ":")
-    return (phrase, phrase + ",") if usual or phrase[:3] in ("in ", "on ") else (phrase,)
+    if usual and solid.isalnum() and solid.isascii():
+        return (phrase, phrase + ",", phrase + ":", phrase + ".", phrase + "?")
+    return before_comma(phrase) if usual or phrase[:3] in ("in ", "on ") else (phrase,)
 
 
 def in_phrases(phrase: str) -> tuple[str, ...]:
-    """The phrase before a comma or full stop; for phrases that are many."""
+    """The phrase before a comma or full stop."""
     return (phrase, phrase + ",", phrase + ".")
 
 
@@ -85,13 +99,18 @@ def in_sentences(phrase: str) -> tuple[str, ...]:
 
 
 def as_name(name: str) -> tuple[str, ...]:
-    """A name as it stands in sentences, brackets and quotation marks, with any dash in it."""
+    """A name as it stands in sentences and brackets, with any dash in it."""
     forms = (
-        *in_sentences(name), name + ")", name + ").", "(" + name, f"({name})", f'"{name}"',
+        *in_sentences(name), name + ")", name + ").", "(" + name, f"({name})",
     )  # fmt: skip
     if "-" in name:
         return (*forms, *(name.replace("-", dash) for dash in _DASHES))
     return forms
+
+
+def as_quoted_name(name: str) -> tuple[str, ...]:
+    """A name as above, and in quotation marks."""
+    return (*as_name(name), f'"{name}"')
 
 
 def as_element_name(name: str) -> tuple[str, ...]:
@@ -103,9 +122,11 @@ def as_element_name(name: str) -> tuple[str, ...]:
         return (*in_sentences(name), name + ")", f"({name})", name + "-doped")
     return (
         *in_sentences(name), name + ")", name + "),", name + ").", f"({name})", f"({name},",
-        f"({name}),", f"({name}).", f'"{name}"',
-        name + "'s", name + "’s", name + "...", name + "…", "bulk-" + name, "nano-" + name,
+        f"({name}),", f"({name}).",
+        name + "'s", name + "’s", name + "...", "bulk-" + name,
+        *(("nano-" + name,) if name in _NANO else ()),
         *(name + word for word in _JOINED),
+        *(name + word for word in (_JOINED_TO_LIGHT if name in _LIGHT else ())),
     )  # fmt: skip
 
 

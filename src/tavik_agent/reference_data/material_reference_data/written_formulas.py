@@ -30,7 +30,8 @@ _FORMULAS: Final[tuple[str, ...]] = (
     "Ca5P3O13H",
     # Phosphates.
     "LiFePO4", "LiMnPO4", "LiCoPO4", "LiNiPO4", "NaFePO4", "NaMnPO4", "FePO4", "MnPO4", "CoPO4",
-    "Li3V2P3O12", "Na3V2P3O12", "LiVOPO4", "Li2FeP2O7", "Na2FeP2O7", "Ag3PO4", "LaFePO",
+    "Li3V2P3O12", "Na3V2P3O12", "Na3Zr2Si2PO12", "LiVOPO4", "Li2FeP2O7", "Na2FeP2O7", "Ag3PO4",
+    "LaFePO",
     "KTiOPO4", "AlPO4", "BPO4", "GaPO4", "Li3PO4", "YPO4", "LaPO4", "LuPO4", "ScPO4", "Ca3P2O8",
     # Oxyhalides.
     "Sr2CuO2Cl2", "Ca2CuO2Cl2", "LiVPO4F", "NaVPO4F", "Na3V2P2O8F3", "LiFeSO4F", "LiFePO4F",
