@@ -21,7 +21,7 @@ _IONS: Final = {
     2: "Mg Ca Sr Ba Mn Fe Ni Cu Zn Cd Hg Sn Pb Sm Eu",
     3: "Al Sc Ti V Cr Mn Fe Ni Cu Ga In Tl Sb Y Zr Nb Mo Ru Rh Ir La Ce Pr Nd Sm Eu Gd Tb Dy Ho Er "
     "Tm Yb Lu U Pu Am Cm",
-    4: "Si Ge Sn Pb Ti V Cr Mn Fe Ni Zr Hf Nb Mo Tc Ru Rh W Re Os Ir Ce Pr Tb Th U Np Pu",
+    4: "Si Ge Sn Pb Ti V Cr Mn Fe Ni Zr Hf Nb Mo Tc Ru W Re Os Ir Ce Pr Tb Th U Np Pu",
     5: "V Cr Nb Ta Mo W Re Os Ru Ir Sb U Np",
     6: "Cr Mo W Re Os U Te",
 }
@@ -33,7 +33,7 @@ _CRYSTALS: Final = "yag luag y2o3 gd2o3 al2o3 caf2 yvo4 k2sif6 nayf4 liyf4 labr3
 _CLUSTERS: Final = {
     "dimer molecule cluster": "Mn2 Fe2 Ni2 Cu2 Zn2 Cd2 Hg2 Sn2 Pb2",
     "trimer molecule cluster": "Mn3 Fe3 Ni3 Cu3 Cr3 V3 Al3 Nb3 Ru3 Rh3 Ir3",
-    "tetramer cluster": "Mn4 Fe4 Si4 Rh4 Ir4",
+    "tetramer cluster": "Mn4 Fe4 Si4 Ir4",
 }
 NO_CLUSTERS: Final = tuple(
     f"{symbol}{charge}" for charge, symbols in _IONS.items() for symbol in symbols.split()

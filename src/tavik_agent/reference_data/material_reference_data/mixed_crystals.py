@@ -179,12 +179,15 @@ def _is_of_metals(start: str, end: str, formula: str) -> bool:
 
 
 def _variable(system: str) -> Iterator[tuple[str, str]]:
-    """The spellings of a system with a comma or x: (a,b)2, a2-xbx, a$_{1-x}$b$_x$."""
+    """The spellings of a system with a comma or x: (a,b)2, (a1-xbx)2, a2-xbx, a$_{1-x}$b$_x$."""
     start, a, b, count, end, formula = _pieces(system)
     yield f"{start}({a},{b}){count}{end}", formula
+    if count:
+        yield f"{start}({a}1-x{b}x){count}{end}", formula
+        yield f"{start}({a}x{b}1-x){count}{end}", formula
     rest = f"{count or '1'}-x"
     of_metals, oxide = _is_of_metals(start, end, formula), _is_oxide(end)
-    for markup in _MARKUPS[: 2 if of_metals else 3 if oxide else 4]:
+    for markup in _MARKUPS[: 2 if of_metals or count else 3 if oxide else 4]:
         before, behind = _in_markup(start, markup), _in_markup(end, markup)
         first, second = _set(rest, markup), _set("x", markup)
         yield f"{before}{a}{first}{b}{second}{behind}", formula
