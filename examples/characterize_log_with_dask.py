@@ -26,7 +26,8 @@ from dask.delayed import delayed
 from dask.distributed import Client
 from dask.utils import parse_bytes
 
-from tavik_agent.characterize.answer import Answerer, Block, Setting
+from tavik_agent.characterize.answer import Answerer
+from tavik_agent.characterize.exchange import Block, Setting
 
 OPENERS = {".gz": gzip.open, ".zst": zstd.open}
 USAGE = "%(prog)s LOG FOLDER [--scheduler ADDRESS | --workers N] [--block SIZE]"

@@ -11,52 +11,34 @@ from collections import deque
 from collections.abc import Callable, Iterable, Iterator
 from concurrent.futures import Future, ThreadPoolExecutor
 from contextlib import ExitStack, contextmanager, suppress
+from functools import partial
 from queue import SimpleQueue
 
 import msgspec
 
-from . import worker
-from .answer import Answered, Block, Setting
+from .exchange import Answered, Answering, Block, Setting, received, send
 from .files import InputError
-from .worker import received, send
 
 UNDER_WAY = 2  # blocks for each process
+WORKER = f"{__package__}.worker"
 OWN_GROUP = 0 if hasattr(os, "setpgid") else None  # Ctrl-C is for the process that asks
 
 
-def answered_by(
-    jobs: int, setting: Setting, blocks: Iterable[Block]
-) -> Iterator[tuple[Block, Answered]]:
-    """Each block with its answers, by so many processes."""
-    most = UNDER_WAY * jobs
-    with _processes(setting, jobs) as ask, ThreadPoolExecutor(jobs, "", _hold_signals) as threads:
-        under_way: deque[tuple[Block, Future[Answered]]] = deque()
-        try:
-            for block in blocks:
-                under_way.append((block, threads.submit(ask, block)))
-                while under_way and (len(under_way) == most or under_way[0][1].done()):
-                    first, answered = under_way.popleft()
-                    yield first, answered.result()
-            for first, answered in under_way:
-                yield first, answered.result()
-        finally:
-            threads.shutdown(cancel_futures=True)
-
-
 @contextmanager
-def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answered]]:
-    """A function that has a block answered by a process that has nothing else to do."""
+def processes(jobs: int, setting: Setting) -> Iterator[Answering]:
+    """Starts so many processes; while they come up, the first blocks can be read."""
     idle: SimpleQueue[subprocess.Popen[bytes]] = SimpleQueue()
 
     def ask(block: Block) -> Answered:
+        """Has the block answered by a process that has nothing else to do."""
         process = idle.get()
         try:
             return _asked(process, block)
         finally:
             idle.put(process)
 
-    command = [sys.executable, "-m", worker.__name__, msgspec.json.encode(setting).decode()]
-    with ExitStack() as processes:
+    command = [sys.executable, "-m", WORKER, msgspec.json.encode(setting).decode()]
+    with ExitStack() as started, ThreadPoolExecutor(jobs, "", _hold_signals) as threads:
         for _ in range(jobs):
             process = subprocess.Popen(
                 command,
@@ -64,8 +46,24 @@ def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answer
                 stdout=subprocess.PIPE,
                 process_group=OWN_GROUP,
             )
-            idle.put(processes.enter_context(process))
-        yield ask
+            idle.put(started.enter_context(process))
+        try:
+            yield partial(_in_order, lambda block: threads.submit(ask, block), UNDER_WAY * jobs)
+        finally:
+            threads.shutdown(cancel_futures=True)
+
+
+def _in_order(
+    submit: Callable[[Block], Future[Answered]], most: int, blocks: Iterable[Block]
+) -> Iterator[tuple[Block, Answered]]:
+    under_way: deque[tuple[Block, Future[Answered]]] = deque()
+    for block in blocks:
+        under_way.append((block, submit(block)))
+        while under_way and (len(under_way) == most or under_way[0][1].done()):
+            first, answered = under_way.popleft()
+            yield first, answered.result()
+    for first, answered in under_way:
+        yield first, answered.result()
 
 
 def _hold_signals() -> None:

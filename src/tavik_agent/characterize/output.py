@@ -11,7 +11,7 @@ from typing import Protocol
 
 import msgspec
 
-from .answer import Reports
+from .exchange import Reports
 from .files import InputError, input_errors_at
 
 try:
