@@ -230,6 +230,10 @@ def test_what_stands_behind_the_progress(many, capfd):
         Path("new").unlink()
 
 
+def damaged(data):
+    return bytes(10) + data[10:]
+
+
 @pytest.mark.parametrize(
     ("spoil", "words", "message"),
     [
@@ -237,6 +241,7 @@ def test_what_stands_behind_the_progress(many, capfd):
         ({"in.jsonl": b"x"}, "--resume", "in.jsonl: expected to begin with the "),
         ({"in.jsonl": b""}, "--resume", "in.jsonl: expected to begin with the "),
         ({"new.part": b"x" * 10**6}, "--resume", "new.part: expected what the earlier run wrote"),
+        ({"new.part": damaged}, "--resume", "new.part: expected what the earlier run wrote"),
         ({"new.part.progress": None}, "--resume", "new.part: expected no such file"),
         ({"new.part.progress": b"x"}, "--resume", "new.part.progress: expected the progress of"),
         ({"new": b""}, "--resume", "new: expected a new file"),
@@ -249,7 +254,7 @@ def test_nothing_foreign_is_touched(spoil, words, message, many, capfd):
         if data is None:
             Path(name).unlink()
         else:
-            Path(name).write_bytes(data)
+            Path(name).write_bytes(data(Path(name).read_bytes()) if callable(data) else data)
     before = {path.name: path.read_bytes() for path in Path().iterdir()}
     assert subprocess.run([*BATCH, "in.jsonl", "-o", "new", *words.split()]).returncode == 2
     assert capfd.readouterr().err.startswith(f"tavik-characterize batch: {message}")

@@ -66,7 +66,7 @@ def _keep(output: Output, requests: Source, block: Block, answered: Answered) ->
     progress = output.progress
     progress.lines += answered.lines
     progress.read += len(block.data)
-    progress.input = requests.digest_with(block.data)
+    progress.input = requests.checksum_with(block.data)
     if block.data.endswith(b"\n"):  # a last line without its end may still grow
         output.save()
 
