@@ -130,12 +130,15 @@ def test_kept_entries_come_first(capfd):
     lines += as_lines(
         [{"-id": 1, "step": "a", "base_characterization": {"-id": 2, "evidence": []}}]
     )
+    lines += b'{"step": "a", "-id": 1e999}\n'
     Path("in.jsonl").write_bytes(lines)
-    assert run(["batch", "in.jsonl", "--keep", "-id", "--keep", "query_text"]) == 1
-    answers = [json.loads(line) for line in capfd.readouterr().out.splitlines()]
-    for answer, first in zip(answers, [*kept, {"-id": 1}], strict=True):
+    words = ["in.jsonl", "-o", "out.jsonl", "--keep", "-id", "--keep", "query_text"]
+    assert run(["batch", *words]) == 1
+    answers = [json.loads(line) for line in Path("out.jsonl").read_bytes().splitlines()]
+    for answer, first in zip(answers, [*kept, {"-id": 1}, {}], strict=True):
         assert [*answer.items()][: len(first) + 1] == [*first.items(), next(rest_of(answer, first))]
-    assert answers[-1]["-id"] == 1
+    assert answers[-2]["-id"] == 1
+    assert run(["summary", "out.jsonl"]) == 0  # reads whatever batch writes
 
 
 def rest_of(answer, first):

@@ -7,7 +7,7 @@ from typing import Any
 import msgspec
 
 from .exchange import Answered, Block, Reports, Setting
-from .files import InputError, compressed, json_bytes, parse_json
+from .files import InputError, compressed, json_bytes
 from .request import RequestDecoder, characterize
 
 
@@ -69,12 +69,5 @@ _encode = msgspec.json.Encoder().encode
 def encoded(value: Any, place: str, number: int) -> bytes:
     try:
         return _encode(value)
-    except (UnicodeEncodeError, OverflowError, RecursionError):
-        # Lone surrogates and integers of any length are for Python's own encoder.
-        entries = {key: _parsed(entry, place, number) for key, entry in value.items()}
-        return json_bytes(entries, f"{place}:{number}").rstrip()
-
-
-def _parsed(entry: Any, place: str, number: int) -> Any:
-    is_raw = isinstance(entry, msgspec.Raw)
-    return parse_json(bytes(entry), place, number) if is_raw else entry
+    except (UnicodeEncodeError, RecursionError):  # lone surrogates are for Python's own encoder
+        return json_bytes(value, f"{place}:{number}").rstrip()
