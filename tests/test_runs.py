@@ -182,6 +182,8 @@ def test_pages(capfd):
         for _ in range(2):  # a page may be written anew
             shown(capfd, *words.split(), "--html", "page.html", status="compare" in words)
         page = Path("page.html").read_text(encoding="utf-8")
+        assert run([*words.split(), "--html", "-"]) == ("compare" in words)
+        assert capfd.readouterr() == (page, "")
         assert not re.search(r"https?:|src=|<link|<script|<b>", page)
         text = re.sub("<[^>]*>", "", re.search("<pre.*</pre>", page, re.DOTALL)[0])
         text = text.replace("&gt;", ">").replace("&lt;", "<")
