@@ -8,7 +8,7 @@ import subprocess
 import sys
 from importlib.metadata import version
 from pathlib import Path
-from typing import get_args
+from typing import get_args, get_type_hints
 
 import jsonschema
 import pytest
@@ -17,12 +17,16 @@ from tavik_agent.characterization_types import (
     IntentComplexity,
     IntentCorrelation,
     IntentMagnetism,
+    QueryIntent,
 )
 
 from tavik_agent import material_characterization as mc
 from tavik_agent.characterize import PACKAGE
 from tavik_agent.characterize import request as requests
+from tavik_agent.characterize.answer import Answerer
 from tavik_agent.characterize.command import run
+from tavik_agent.characterize.exchange import Block, Setting
+from tavik_agent.characterize.schema import schema
 
 COMMAND = [sys.executable, "-m", "tavik_agent.characterize"]
 README = (Path(__file__).parents[1] / "README.md").read_text(encoding="utf-8")
@@ -295,6 +299,40 @@ def test_schemas(capfd):
         assert not validators["intent"].is_valid(wrong)
         assert not validators["request"].is_valid({"step": "a", "query_intent": wrong})
     assert not validators["request"].is_valid({"query_text": "NiO"})
+
+
+PARAMETERS = {"element": [{"species": "Ni"}], "atom": {"xyz": "x", "fracxyz": [["Ni", 0]]}}
+PARAMETERS |= {"domain": {"latvec": [[1.5]]}}
+COMPLETE = {"step": "a", "query_text": "NiO", "findings": ["x"], "step_params": PARAMETERS}
+COMPLETE |= {"previous_steps_params": {"b": PARAMETERS, "c": {"element": {"Ni": 1}}}}
+COMPLETE |= {"planner_manifest": {"purpose": "x", "notes": ["y"]}}
+COMPLETE |= {"base_characterization": mc.characterize_material(step="a", query_text="NiO in eV")}
+COMPLETE |= {"query_intent": dict.fromkeys(get_type_hints(QueryIntent), "x")}
+COMPLETE["query_intent"] |= {"species": ["Ni"], "units": {"energy": "eV"}}
+
+
+def odd(value):
+    """The value with one thing in it replaced, at any depth."""
+    yield from (None, 1, 0.5, True, "x", [], {}, [None])
+    if isinstance(value, dict):
+        yield {}
+        yield from (value | {key: other} for key in value for other in odd(value[key]))
+    if isinstance(value, list):
+        yield from ([*value[:n], other] for n in range(len(value)) for other in odd(value[n]))
+
+
+def test_schema_and_batch_take_the_same_requests():
+    """But for the words of the intent and of an earlier record, which are as free as any text."""
+    text = json.dumps(schema("request"))
+    free = json.loads(text, object_hook=lambda o: {key: o[key] for key in o if key != "enum"})
+    validator = jsonschema.Draft202012Validator(free)
+
+    odd_requests = [*odd(COMPLETE)]
+    lines = b"".join(json.dumps(request).encode() + b"\n" for request in odd_requests)
+    answers = Answerer(Setting("")).block(Block(1, lines)).data.splitlines()
+    taken = [b'{"error"' not in answer for answer in answers]
+    assert [validator.is_valid(request) for request in odd_requests] == taken
+    assert {*taken} == {True, False}
 
 
 WITHOUT_CLICK = """
