@@ -122,6 +122,13 @@ def test_dask_job_answers_as_batch_does(tmp_path):
     assert sorted(path.stat().st_mtime_ns for path in records.iterdir()) == before
 
 
+DEADLY = """
+import os
+from tavik_agent.characterize.answer import Answerer
+Answerer.__init__ = lambda self, setting: os._exit(1) if "deadly" in setting.place else None
+"""
+
+
 @pytest.mark.parametrize(
     ("words", "message"),
     [
@@ -132,11 +139,16 @@ def test_dask_job_answers_as_batch_does(tmp_path):
         ("cut.gz new", "Compressed file ended before"),
         ("log log", "log: expected a new or empty folder"),
         ("nosuch://log new", "nosuch"),
+        ("deadly new --workers 1", "but all those workers died while running it"),
     ],
 )
-def test_dask_job_tells_what_is_wrong(words, message, tmp_path):
+def test_dask_job_tells_what_is_wrong(words, message, tmp_path, monkeypatch):
     (tmp_path / "log").write_bytes(LOG[:1000])
     (tmp_path / "cut.gz").write_bytes(gzip.compress(LOG)[:500])
+    (tmp_path / "deadly").write_bytes(LOG[:1000])
+    (tmp_path / "sitecustomize.py").write_text(DEADLY)
+    monkeypatch.setenv("PYTHONPATH", str(tmp_path))
+    monkeypatch.setenv("DASK_DISTRIBUTED__SCHEDULER__ALLOWED_FAILURES", "0")
     done = command([sys.executable, EXAMPLES / JOB, *words.split()], cwd=tmp_path)
     assert done.returncode == 2
     assert message in done.stderr
