@@ -35,6 +35,8 @@ class Settings(TypedDict):
 
 def settings_for(record: CharacterizationRecord) -> Settings:
     spin, moments = spin_for(record["magnetic_class"])
+    if record["explicit_spin_mode"] == "non-collinear":
+        spin = "noncollinear"
     correlation = record["correlation_class"]
     questions = {
         "Which elements is it made of?": not record["species"],
@@ -42,8 +44,8 @@ def settings_for(record: CharacterizationRecord) -> Settings:
         "Is a Hubbard correction wanted?": correlation == "unknown",
     }
     return {
-        "occupations": occupations_for(record["electronic_class"]),
-        "spin": "noncollinear" if record["explicit_spin_mode"] == "non-collinear" else spin,
+        "occupations": occupations_for(record["electronic_class"], spin),
+        "spin": spin,
         "moments": moments,
         "hubbard_u": correlation == "dftu_sensitive",
         "boundary": boundary_for(record["structure_mode"]),
@@ -53,12 +55,14 @@ def settings_for(record: CharacterizationRecord) -> Settings:
     }
 
 
-def occupations_for(electronic_class: ElectronicClass) -> str:
+def occupations_for(electronic_class: ElectronicClass, spin: str) -> str:
     match electronic_class:
         case "metal" | "unknown":  # smearing does a gapped system little harm
             return "cold smearing"
-        case "semiconductor" | "insulator":
+        case "semiconductor" | "insulator" if spin == "none":
             return "fixed"
+        case "semiconductor" | "insulator":  # codes refuse fixed occupations with free moments
+            return "little Gaussian smearing"
         case _:
             assert_never(electronic_class)
 

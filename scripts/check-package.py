@@ -23,6 +23,7 @@ SOURCE_PACKAGE |= {".clang-format", ".clang-tidy", ".python-version"}
 METADATA = ["Name", "Version", "Summary", "Author", "License-Expression", "License-File"]
 METADATA += ["Keywords", "Classifier", "Requires-Python", "Description-Content-Type"]
 METADATA += ["Provides-Extra"]
+LINK = re.compile(r"\]\(([^)#:]+)\)")  # to a file
 BESIDE_METADATA = {"licenses/LICENSE", "entry_points.txt"}
 CALL = """
 from tavik_agent.material_characterization import characterize_material
@@ -38,7 +39,7 @@ def check_source_package(file: Path) -> None:
     assert tops == SOURCE_PACKAGE, f"top level of {file.name}: {sorted(tops ^ SOURCE_PACKAGE)}"
     assert not [path for path in paths if "__pycache__" in path.parts]
     readme = (ROOT / "README.md").read_text(encoding="utf-8")
-    linked = {PurePosixPath(link) for link in re.findall(r"\]\(([^)#:]+)\)", readme)}
+    linked = {PurePosixPath(link) for link in LINK.findall(readme)}
     assert linked <= {*paths}, f"README.md links to {linked - {*paths}}"
 
 
@@ -49,6 +50,9 @@ def check_wheel(file: Path) -> None:
         fields = BytesParser().parsebytes(archive.read(metadata))
     missing = [field for field in METADATA if not fields[field]]
     assert not missing, f"metadata of {file.name}: no {missing}"
+    description = str(fields.get_payload())
+    assert "## In a planner" in description, f"{file.name} shows no README"
+    assert not LINK.findall(description), "a package index has no files that the README links to"
     beside = {metadata.replace("METADATA", name) for name in BESIDE_METADATA}
     assert beside <= names, f"not in {file.name}: {beside - names}"
 

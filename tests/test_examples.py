@@ -55,7 +55,7 @@ SOC = {"step": "scf", "query_text": "Non-collinear bilayer CrI3 as an open quest
         (
             FE2O3,
             {
-                "occupations": "fixed",
+                "occupations": "little Gaussian smearing",
                 "spin": "collinear",
                 "moments": "antiferromagnetic template",
                 "hubbard_u": True,
@@ -75,6 +75,7 @@ SOC = {"step": "scf", "query_text": "Non-collinear bilayer CrI3 as an open quest
             },
         ),
         ({"step": "scf", "query_text": "a new phase"}, {"occupations": "cold smearing"}),
+        ({"step": "bands", "query_text": "Bands of GaAs"}, {"occupations": "fixed"}),
     ],
 )
 def test_settings_of_a_request(request_, settings, tmp_path):

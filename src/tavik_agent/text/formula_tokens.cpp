@@ -3,6 +3,8 @@
 // to split it.
 #include "text/formula_tokens.hpp"
 
+#include <algorithm>
+
 namespace tavik::text {
 namespace {
 
@@ -55,13 +57,15 @@ std::optional<FormulaPart> read_part(std::string_view text, std::size_t& at,
 }
 
 std::optional<std::string_view> FormulaTokens::next() {
-  while (at_ < text_.size()) {
-    const std::size_t begin = at_++;
-    if (!is_ascii_upper(text_[begin]) || !starts_word(text_, begin, tables_)) continue;
+  for (;;) {
+    const auto capital = std::find_if(text_.begin() + at_, text_.end(), is_ascii_upper);
+    if (capital == text_.end()) return std::nullopt;
+    const auto begin = static_cast<std::size_t>(capital - text_.begin());
+    at_ = begin + 1;
+    if (!starts_word(text_, begin, tables_)) continue;
     const std::size_t end = after_parts(text_, begin, tables_);
     if (ends_word(text_, end, tables_)) return text_.substr(begin, end - begin);
   }
-  return std::nullopt;
 }
 
 }  // namespace tavik::text

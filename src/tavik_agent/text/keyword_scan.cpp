@@ -13,37 +13,34 @@
 namespace tavik::text {
 namespace {
 
-constexpr std::uint32_t bytes = 256;
-
-constexpr std::uint32_t code_of(char byte) { return static_cast<unsigned char>(byte); }
-constexpr std::uint32_t pair_of(char first, char second) {
-  return code_of(first) | code_of(second) << 8;
+/// The hash of some letters and one more, which moves the others up by five bits: the lowest ten
+/// bits depend on the last two letters alone, the lowest fifteen on the last three.
+constexpr std::uint32_t with_letter(std::uint32_t letters, char letter) {
+  return letters << 5 ^ static_cast<unsigned char>(letter);
 }
-
-/// A hash of so many bits of some letters.
-template <int bits>
-constexpr std::size_t hash_of(std::uint32_t letters) {
-  return letters * 0x9E3779B1U >> (32 - bits);
+/// The hash of the first two letters.
+constexpr std::uint32_t first_two(std::string_view letters) {
+  return with_letter(with_letter(0, letters[0]), letters[1]);
 }
-constexpr int filter_bits = 16;
-constexpr int table_bits = 10;
+constexpr std::size_t pairs = std::size_t{1} << 10;
+constexpr std::size_t triples = std::size_t{1} << 15;
 
 /// Whether the keyword, which has two letters, counts with this byte behind it.
-constexpr bool may_precede(const Keyword& keyword, std::uint32_t third) {
-  return keyword.accepted != whole_word || !is_ascii_word(static_cast<char>(third));
+constexpr bool may_precede(const Keyword& keyword, char third) {
+  return keyword.accepted != whole_word || !is_ascii_word(third);
 }
 
 /// The first three letters of all keywords.
 constexpr auto beginnings = [] {
-  BitFilter<std::array<std::uint64_t, (std::size_t{1} << filter_bits) / 64>> filter;
+  BitFilter<std::array<std::uint64_t, triples / 64>> filter;
   for (const Keyword& keyword : keywords) {
-    const std::uint32_t pair = pair_of(keyword.text[0], keyword.text[1]);
     if (keyword.text.size() > 2) {
-      filter.add(hash_of<filter_bits>(pair | code_of(keyword.text[2]) << 16));
+      filter.add(with_letter(first_two(keyword.text), keyword.text[2]));
       continue;
     }
-    for (std::uint32_t third = 0; third < bytes; ++third) {
-      if (may_precede(keyword, third)) filter.add(hash_of<filter_bits>(pair | third << 16));
+    for (int byte = 0; byte < 256; ++byte) {
+      const char third = static_cast<char>(byte);
+      if (may_precede(keyword, third)) filter.add(with_letter(first_two(keyword.text), third));
     }
   }
   return filter;
@@ -51,22 +48,18 @@ constexpr auto beginnings = [] {
 
 /// The rows of the keywords, sorted by a hash of their first two letters.
 struct RowsByPair {
-  static constexpr std::size_t slots = std::size_t{1} << table_bits;
-  static constexpr std::size_t slot(char first, char second) {
-    return hash_of<table_bits>(pair_of(first, second));
-  }
+  static constexpr std::size_t slot(std::string_view letters) { return first_two(letters) % pairs; }
 
   constexpr RowsByPair() {
-    for (const Keyword& keyword : keywords) ++begin[slot(keyword.text[0], keyword.text[1]) + 1];
-    for (std::size_t i = 0; i < slots; ++i) begin[i + 1] += begin[i];
+    for (const Keyword& keyword : keywords) ++begin[slot(keyword.text) + 1];
+    for (std::size_t i = 0; i < pairs; ++i) begin[i + 1] += begin[i];
     auto next = begin;
     for (std::size_t row = 0; row < keywords.size(); ++row) {
-      rows[next[slot(keywords[row].text[0], keywords[row].text[1])]++] =
-          static_cast<std::uint16_t>(row);
+      rows[next[slot(keywords[row].text)]++] = static_cast<std::uint16_t>(row);
     }
   }
 
-  std::array<std::uint16_t, slots + 1> begin{};  ///< where in `rows` those of a slot begin
+  std::array<std::uint16_t, pairs + 1> begin{};  ///< where in `rows` those of a slot begin
   std::array<std::uint16_t, keywords.size()> rows{};
 };
 constexpr RowsByPair by_pair;
@@ -120,7 +113,7 @@ bool stands_at(std::string_view text, std::size_t at, std::string_view word) {
 /// Adds the groups of the keywords that begin at byte `at`.
 void compare(std::string_view text, std::size_t at, const CharacterTables& tables,
              Mentions& mentions) {
-  const std::size_t slot = RowsByPair::slot(text[at], text[at + 1]);
+  const std::size_t slot = RowsByPair::slot(text.substr(at));
   for (std::size_t i = by_pair.begin[slot]; i < by_pair.begin[slot + 1]; ++i) {
     const auto& [group, keyword, accepted] = keywords[by_pair.rows[i]];
     if (!stands_at(text, at, keyword) || mentions.has(group)) continue;
@@ -134,10 +127,10 @@ Mentions find_keywords(std::string_view lowered, const CharacterTables& tables) 
   Mentions mentions;
   if (lowered.size() < 2) return mentions;
   const std::size_t last = lowered.size() - 2;
-  std::uint32_t three = pair_of(lowered[0], lowered[1]) << 8;
+  std::uint32_t letters = first_two(lowered);
   for (std::size_t at = 0; at < last; ++at) {
-    three = three >> 8 | code_of(lowered[at + 2]) << 16;
-    if (beginnings.may_hold(hash_of<filter_bits>(three))) compare(lowered, at, tables, mentions);
+    letters = with_letter(letters, lowered[at + 2]);
+    if (beginnings.may_hold(letters)) compare(lowered, at, tables, mentions);
   }
   compare(lowered, last, tables, mentions);  // for a keyword of two letters
   return mentions;
