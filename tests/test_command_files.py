@@ -59,7 +59,6 @@ KINDS |= {"wrong entry $.findings": 1, "wrong entry $.query_intent.species[]": 1
 KINDS |= {"wrong entry $.previous_steps_params[].atom": 1}
 KINDS |= {"wrong entry $.base_characterization.confidence": 1}
 UNUSUAL = [
-    {"query_text": "NiO \ud800"},
     {"query_text": None, "step_params": None, "query_intent": {"formula": None}, "findings": []},
     {"base_characterization": {"confidence": 0.9, "id": 2**70, "note": [None, 1.5], "x": None}},
     {"query_intent": {"corelation": "dft+u", "correlation": " DFT+U", "own": [1]}},
@@ -110,7 +109,7 @@ def test_unusual_requests(capfd):
     records = [mc.characterize_material(**without_nulls(request)) for request in requests]
     assert [json.loads(line) for line in out.splitlines()] == records
     warning = "warning: $.query_intent: 'corelation' is not read, but correlation is"
-    assert err == f"in.jsonl:4: {warning}\n        1  {warning}\n"
+    assert err == f"in.jsonl:3: {warning}\n        1  {warning}\n"
 
 
 NIO = {"step": "a", "query_text": "NiO"}
@@ -140,6 +139,7 @@ def test_kept_entries_come_first():
 
 
 MANY = 6000  # requests, of several blocks
+OPENED = {"": open, ".gz": gzip.open, ".zst": zstd.open}
 
 
 @pytest.fixture
@@ -148,14 +148,11 @@ def many():
     texts = [f"{text} {n}" for n in range(MANY // 4) for text in ("NiO", "\ud800 Fe2O3", "é", "x")]
     requests = [{"step": "scf", "query_text": text * 40, "id": n} for n, text in enumerate(texts)]
     requests[MANY // 2] = {"step": 1}
-    Path("in.jsonl").write_bytes(as_lines(requests))
-    Path("in.jsonl.gz").write_bytes(gzip.compress(as_lines(requests)))
-    Path("in.jsonl.zst").write_bytes(zstd.compress(as_lines(requests)))
+    for suffix, opened in OPENED.items():
+        with opened(f"in.jsonl{suffix}", "wb") as file:
+            file.write(as_lines(requests))
     assert subprocess.run([*BATCH, "in.jsonl", "-o", "out.jsonl"]).returncode == 1
     return Path("out.jsonl").read_bytes()
-
-
-OPENED = {"": open, ".gz": gzip.open, ".zst": zstd.open}
 
 
 @pytest.mark.parametrize("suffix", OPENED)
@@ -197,8 +194,7 @@ def interrupted(*words, stop=signal.SIGKILL):
     [
         ("new", "1", signal.SIGINT, None),
         ("new.gz", "2", signal.SIGINT, None),
-        ("new", "2", signal.SIGKILL, None),
-        ("new.gz", "1", signal.SIGKILL, None),
+        ("new.gz", "2", signal.SIGKILL, None),
         # A power cut may leave less or more than was noted, and half a line of progress.
         *(("new", "1", signal.SIGKILL, left) for left in (0, 1, 1000, -1)),
     ],

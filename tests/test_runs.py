@@ -147,15 +147,15 @@ def test_summary_of_other_requests(capfd):
 @pytest.mark.parametrize(
     ("text", "found"),
     [
-        ("Polarons (TiO₂).", {"TiO2"}),
-        (r"$\mathrm{LiFePO_4}$ or BaTiO<sub>3</sub>-based", {"LiFePO4", "BaTiO3"}),
-        ("(PEA)2PbI4, (CH3)2CO", {"(PEA)2PbI4", "(CH3)2CO"}),
-        ("Lead halide Perovskites", {"halide", "perovskites"}),
-        ("HSE06, B3LYP and PBE+U; Tc = 15 K in VASP, SCF", set()),
+        ("Polarons (TiO₂).", "TiO2"),
+        (r"$\mathrm{LiFePO_4}$ or BaTiO<sub>3</sub>-based", "BaTiO3 LiFePO4"),
+        ("(PEA)2PbI4, (CH3)2CO", "(CH3)2CO (PEA)2PbI4"),
+        ("Lead halide Perovskites", "halide perovskites"),
+        ("HSE06, B3LYP and PBE+U; Tc = 15 K in VASP, SCF", ""),
     ],
 )
 def test_words_that_look_like_formulas_or_names(text, found):
-    assert candidates(text) == found
+    assert sorted(candidates(text)) == found.split()
 
 
 def test_pages(capfd):
