@@ -165,6 +165,7 @@ def test_pages(capfd):
         for _ in range(2):  # a page may be written anew
             shown(capfd, *words.split(), "--html", "page.html", status="compare" in words)
         page = Path("page.html").read_text(encoding="utf-8")
+        Path("-").touch()
         assert run([*words.split(), "--html", "-"]) == ("compare" in words)
         assert capfd.readouterr() == (page, "")
         assert not re.search(r"https?:|src=|<link|<script|<b>", page)
