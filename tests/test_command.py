@@ -1,5 +1,6 @@
 """The command line for one request: what it reads, what it shows, and what it says of mistakes."""
 
+import gzip
 import inspect
 import json
 import re
@@ -117,6 +118,9 @@ def test_arguments_of_the_call(words, expected, monkeypatch, capfd):
     assert r"\u2014" not in out
 
 
+LINE = b'{"step": "a"}\n'
+
+
 def assert_reported(output, message):
     assert output.out == ""
     assert output.err.startswith(f"tavik-characterize{message}")
@@ -136,13 +140,22 @@ def assert_reported(output, message):
         ("bacth in.jsonl", ": no command 'bacth'; did you mean batch?"),
         ("batch x --resume", " batch: --resume goes with -o OUT"),
         ("batch x --keep step", " batch: --keep step: an answer has an entry of that name"),
-        ("batch nowhere", " batch: nowhere: No such file or directory"),
+        ("batch nowhere -o new", " batch: nowhere: No such file or directory"),
+        ("batch . -o new", " batch: .: Is a directory"),
+        ("batch cut.gz -o new", " batch: cut.gz: Compressed file ended before the end-of-stream"),
+        ("batch in.jsonl -o no/new", " batch: no/new: No such file or directory"),
+        ("batch in.jsonl -o .", " batch: .: Is a directory"),
+        ("batch in.jsonl -o in.jsonl", " batch: in.jsonl: expected a new file"),
+        ("batch in.jsonl -o /dev/full", " batch: /dev/full: No space left on device"),
         ("compare - -", " compare: standard input can be only one of"),
     ],
 )
 def test_wrong_usage(words, message, capfd):
+    Path("in.jsonl").write_bytes(LINE)
+    Path("cut.gz").write_bytes(gzip.compress(LINE)[:-9])
     assert run(words.split()) == 2
     assert_reported(capfd.readouterr(), message)
+    assert {path.name for path in Path().iterdir()} == {"in.jsonl", "cut.gz"}
 
 
 @pytest.mark.parametrize(
@@ -234,14 +247,17 @@ INSTALL = "pip install 'tavik-agent-material-characterization[cli]'"
 
 
 @pytest.mark.parametrize(
-    ("words", "message"),
+    ("script", "message"),
     [
-        ([sys.executable, "-c", WITHOUT_CLICK], f"the library click is missing: {INSTALL}\n"),
-        (["sh", "-c", '"$@" NiO > /dev/full', "sh", *COMMAND], "standard output: No space left"),
-        (["sh", "-c", '"$@" NiO >&-', "sh", *COMMAND], "expected standard input and output"),
+        (f"{sys.executable} -c '{WITHOUT_CLICK}'", f": the library click is missing: {INSTALL}\n"),
+        ('"$@" NiO > /dev/full', ": standard output: No space left"),
+        ('"$@" NiO >&-', ": expected standard input and output"),
+        ('"$@" batch in.jsonl >> in.jsonl', " batch: standard output: expected another file than"),
     ],
 )
-def test_nothing_to_run_on(words, message, capfd, monkeypatch):
+def test_nothing_to_write_to(script, message, capfd, monkeypatch):
     monkeypatch.delenv("PYTHONUNBUFFERED", raising=False)
-    assert subprocess.run(words).returncode == 2
-    assert_reported(capfd.readouterr(), f": {message}")
+    Path("in.jsonl").write_bytes(LINE)
+    assert subprocess.run(["sh", "-c", script, "sh", *COMMAND]).returncode == 2
+    assert_reported(capfd.readouterr(), message)
+    assert Path("in.jsonl").read_bytes() == LINE

@@ -22,7 +22,6 @@ from tavik_agent.characterize.command import run
 
 COMMAND = [sys.executable, "-m", "tavik_agent.characterize"]
 BATCH = [*COMMAND, "batch", "--keep", "id"]
-GOOD = [{"step": "scf", "query_text": text} for text in ("NiO", "\ud800", "", "salt")]
 
 
 def as_lines(values):
@@ -262,34 +261,6 @@ def test_one_writer_at_a_time(many, capfd):
     assert Path("new").read_bytes() == many
 
 
-@pytest.mark.parametrize(
-    ("source", "target", "message"),
-    [
-        (".", "new", ".: Is a directory"),
-        ("nowhere", "new", "nowhere: No such file or directory"),
-        ("cut.gz", "new", "cut.gz: Compressed file ended before the end-of-stream marker"),
-        ("in.jsonl", "no/new", "no/new: No such file or directory"),
-        ("in.jsonl", ".", ".: Is a directory"),
-        ("in.jsonl", "in.jsonl", "in.jsonl: expected a new file"),
-        ("in.jsonl", "/dev/full", "/dev/full: No space left on device"),
-    ],
-)
-def test_what_cannot_be_read_or_written(source, target, message, capfd):
-    Path("in.jsonl").write_bytes(as_lines(GOOD))
-    Path("cut.gz").write_bytes(gzip.compress(as_lines(GOOD))[:-9])
-    assert run(["batch", source, "-o", target]) == 2
-    assert capfd.readouterr().err.startswith(f"tavik-characterize batch: {message}")
-    assert {path.name for path in Path().iterdir()} == {"in.jsonl", "cut.gz"}
-
-
-def test_output_that_is_the_input(capfd):
-    Path("in.jsonl").write_bytes(as_lines(GOOD))
-    with open("in.jsonl", "ab") as file:
-        assert subprocess.run([*BATCH, "in.jsonl"], stdout=file).returncode == 2
-    assert "standard output: expected another file than" in capfd.readouterr().err
-    assert Path("in.jsonl").read_bytes() == as_lines(GOOD)
-
-
 def test_a_process_that_ends_too_soon(many):
     words = [*BATCH, "-", "-o", "new", "--jobs", "2"]
     with subprocess.Popen(words, stdin=subprocess.PIPE, stderr=subprocess.PIPE) as batch:
@@ -312,7 +283,7 @@ def test_bar_on_a_terminal(many, on_terminal):
 
 
 def test_a_reader_that_has_seen_enough():
-    Path("in.jsonl").write_bytes(as_lines(GOOD) * 5000)
+    Path("in.jsonl").write_bytes(as_lines([{"step": "scf"}]) * 20_000)
     words = ["sh", "-c", '"$@" batch in.jsonl --jobs 2 | head -n 1', "sh", *COMMAND]
     done = subprocess.run(words, capture_output=True)
     assert (done.stdout.count(b"\n"), done.stderr) == (1, b"")
