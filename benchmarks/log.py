@@ -1,8 +1,10 @@
 """What a log of requests costs on the command line, in units of J.
 
+    python benchmarks/log.py [HUNDREDS_OF_THOUSANDS_OF_LINES]
+
 J is the time in which msgspec alone decodes the requests and encodes their records, in one process,
 taken in turns with the command. The log has 100,000 requests as a planner makes them, with the
-texts of the labelled requests.
+texts of the labelled requests, or these so many times.
 """
 
 import json
@@ -13,7 +15,7 @@ import sys
 import tempfile
 import time
 import tomllib
-from collections.abc import Sequence
+from collections.abc import Iterable
 from pathlib import Path
 from typing import Any, NamedTuple
 
@@ -23,6 +25,7 @@ from tavik_agent.material_characterization import characterize_material
 
 LINES = 100_000
 ROUNDS = 5
+TARGETS = {1: 3, 2: 2}  # J, by the number of processes
 COLLECTION = Path(__file__).parents[1] / "evaluation"
 COMMAND = [sys.executable, "-m", "tavik_agent.characterize", "batch"]
 ROW = [0.145, 0.355, 0.25]
@@ -50,10 +53,11 @@ PLANNED: dict[str, Any] = {
 
 
 class Cost(NamedTuple):
-    """In J by the best rounds, and by the middle ones."""
+    """In J by the best rounds, and by the middle ones; and the seconds of the best."""
 
     minimum: float
     median: float
+    seconds: float
 
 
 def log_lines() -> list[bytes]:
@@ -65,23 +69,26 @@ def log_lines() -> list[bytes]:
     ]
 
 
-def costs(jobs: Sequence[int]) -> list[Cost]:
-    """Of the command with each number of processes."""
+def costs(jobs: Iterable[int], times: int = 1, rounds: int = ROUNDS) -> list[Cost]:
+    """Of the command with each number of processes, over the log so many times."""
     lines = log_lines()
     decode, encode = msgspec.json.Decoder().decode, msgspec.json.Encoder().encode
     records = [characterize_material(**decode(line)) for line in lines]
 
     def alone() -> float:
         start = time.perf_counter()
-        for line in lines:
-            decode(line)
-        for record in records:
-            encode(record)
+        for _ in range(times):
+            for line in lines:
+                decode(line)
+            for record in records:
+                encode(record)
         return time.perf_counter() - start
 
     with tempfile.TemporaryDirectory() as folder:
         log, output = Path(folder, "log.jsonl"), Path(folder, "records.jsonl")
-        log.write_bytes(b"\n".join(lines))
+        with log.open("wb") as file:
+            for _ in range(times):
+                file.writelines(line + b"\n" for line in lines)
 
         def command(count: int) -> float:
             start = time.perf_counter()
@@ -91,7 +98,18 @@ def costs(jobs: Sequence[int]) -> list[Cost]:
             os.unlink(output)
             return took
 
-        rounds = [(alone(), *map(command, jobs)) for _ in range(ROUNDS)]
-    units, *ours = zip(*rounds, strict=True)
+        taken = [(alone(), *map(command, jobs)) for _ in range(rounds)]
+    units, *ours = zip(*taken, strict=True)
     best, middle = min(units), statistics.median(units)
-    return [Cost(min(times) / best, statistics.median(times) / middle) for times in ours]
+    return [Cost(min(took) / best, statistics.median(took) / middle, min(took)) for took in ours]
+
+
+def main() -> None:
+    times = int(sys.argv[1]) if len(sys.argv) > 1 else 1
+    for jobs, cost in zip(TARGETS, costs(TARGETS, times, max(1, ROUNDS // times)), strict=True):
+        figures = f"{cost.minimum:.2f} J, median {cost.median:.2f} J, {cost.seconds:.2f} s"
+        print(f"{times * LINES:,} lines, --jobs {jobs}: {figures}")
+
+
+if __name__ == "__main__":
+    main()

@@ -23,12 +23,14 @@ import fsspec
 from backports import zstd
 from dask.base import compute
 from dask.delayed import delayed
-from dask.distributed import Client
+from dask.distributed import Client, KilledWorker
 from dask.utils import parse_bytes
 
-from tavik_agent.characterize.answer import Answerer, Block, Setting
+from tavik_agent.characterize.answer import Answerer
+from tavik_agent.characterize.exchange import Block, Setting
 
 OPENERS = {".gz": gzip.open, ".zst": zstd.open}
+FAILURES = (OSError, EOFError, ValueError, ImportError, zlib.error, zstd.ZstdError, KilledWorker)
 USAGE = "%(prog)s LOG FOLDER [--scheduler ADDRESS | --workers N] [--block SIZE]"
 PIECES_A_WORKER = 4
 SMALLEST, LARGEST = 2**18, 2**26
@@ -150,7 +152,7 @@ def main() -> int:
         with Client(args.scheduler) if args.scheduler else Client(**local) as client:
             workers = len(client.scheduler_info()["workers"])
             parts = characterize_log(args.log, args.folder, args.block, workers)
-    except (OSError, EOFError, ValueError, ImportError, zlib.error, zstd.ZstdError) as error:
+    except FAILURES as error:
         print(f"{parser.prog}: {error}", file=sys.stderr)
         return 2
     except KeyboardInterrupt:

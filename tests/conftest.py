@@ -20,14 +20,13 @@ settings.load_profile("suite")
 
 SYMBOLS = "H B C N O F Na Si S Cl Ti Cr Mn Fe Co Ni Cu Zn Ga As Se In Sn I U"
 # CoO and InAs stand in two tables each; GaAs, Si and Ge in none.
+_proxy = types.MappingProxyType
 TABLES = {
     "KNOWN_ELEMENT_SYMBOLS": frozenset(SYMBOLS.split()),
-    "FORMULA_ALIASES": types.MappingProxyType(
+    "FORMULA_ALIASES": _proxy(
         {"rutile": "TiO2", "gallium arsenide": "GaAs", "green salt": "FeXy", "salt": "NaCl"}
     ),
-    "ELEMENT_NAME_ALIASES": types.MappingProxyType(
-        {"iron": "Fe", "oxygen": "O", "nickel": "Ni", "tin": "sn"}
-    ),
+    "ELEMENT_NAME_ALIASES": _proxy({"iron": "Fe", "oxygen": "O", "nickel": "Ni", "tin": "sn"}),
     "SEMICONDUCTOR_FORMULAS": frozenset({"InAs", "ZnO", "Se"}),
     "INSULATOR_FORMULAS": frozenset({"NaCl", "InAs", "CoO"}),
     "DFTU_SENSITIVE_FORMULAS": frozenset({"NiO", "CoO"}),
@@ -85,16 +84,23 @@ def with_tables(request, monkeypatch):
 
 
 @pytest.fixture
-def on_terminal():
+def own_folder(tmp_path, monkeypatch):
+    """The test runs in an empty folder."""
+    monkeypatch.chdir(tmp_path)
+
+
+@pytest.fixture
+def on_terminal(monkeypatch):
     """Runs a command on a terminal of that width and gives what it wrote there."""
     pty, termios = map(pytest.importorskip, ("pty", "termios"))
+    for name in ("COLUMNS", "NO_COLOR"):
+        monkeypatch.delenv(name, raising=False)
+    monkeypatch.setenv("TERM", "xterm-256color")
 
     def run(words, width=80):
         screen, terminal = pty.openpty()
         termios.tcsetwinsize(terminal, (50, width))
-        environment = {k: v for k, v in os.environ.items() if k not in ("COLUMNS", "NO_COLOR")}
-        environment["TERM"] = "xterm-256color"
-        with subprocess.Popen(words, stdout=terminal, stderr=terminal, env=environment):
+        with subprocess.Popen(words, stdout=terminal, stderr=terminal):
             os.close(terminal)
             written = b""
             with contextlib.suppress(OSError):  # there is nobody left to write

@@ -40,65 +40,36 @@ def test_one_request():
     assert json.loads(out) == mc.characterize_material(step="relax", query_text="Band gap of GaAs")
 
 
-FE2O3 = {
-    "step": "relax",
-    "step_params": {"element": [{"species": "Fe"}, {"species": "O"}]},
-    "query_text": "Relax antiferromagnetic Fe2O3 with DFT+U",
-}
-COPPER = {"step": "bands", "query_text": "Bands of fcc copper"}
-SOC = {"step": "scf", "query_text": "Non-collinear bilayer CrI3 as an open question"}
-
-
 @pytest.mark.parametrize(
-    ("request_", "settings"),
+    ("query", "occupations", "settings"),
     [
-        (
-            FE2O3,
-            {
-                "occupations": "little Gaussian smearing",
-                "spin": "collinear",
-                "moments": "antiferromagnetic template",
-                "hubbard_u": True,
-                "boundary": "periodic",
-                "energy_unit": "eV",
-                "ask": [],
-            },
-        ),
-        (
-            COPPER,
-            {
-                "occupations": "cold smearing",
-                "spin": "none",
-                "moments": "zero",
-                "hubbard_u": False,
-                "ask": [],
-            },
-        ),
-        ({"step": "scf", "query_text": "a new phase"}, {"occupations": "cold smearing"}),
-        ({"step": "bands", "query_text": "Bands of GaAs"}, {"occupations": "fixed"}),
+        ("AFM NiO", "little Gaussian smearing", "collinear, antiferromagnetic template, True"),
+        ("Bands of fcc copper", "cold smearing", "none, zero, False, periodic, eV, []"),
+        ("GaAs", "fixed", "none, zero, False, periodic, eV, []"),
+        ("a new phase", "cold smearing", "collinear, parallel, False, periodic, eV, ['Which elem"),
     ],
 )
-def test_settings_of_a_request(request_, settings, tmp_path):
-    (tmp_path / "request.json").write_text(json.dumps(request_))
+def test_settings_of_a_request(query, occupations, settings, tmp_path):
+    (tmp_path / "request.json").write_text(json.dumps({"step": "scf", "query_text": query}))
     out, status = run("settings_for_request.py", str(tmp_path / "request.json"))
-    assert status == 0
-    found = json.loads(out)
-    assert found | settings == found
-    assert found["because"] == mc.characterize_material(**request_)["evidence"]
+    *found, because = json.loads(out).values()
+    assert ", ".join(map(str, found)).startswith(f"{occupations}, {settings}")
+    assert (status, because) == (
+        0,
+        mc.characterize_material(step="scf", query_text=query)["evidence"],
+    )
 
 
 JOB = "characterize_log_with_dask.py"
 LOG = b"".join(
     json.dumps(
-        {key: value for key, value in request.items() if key not in ("expect", "query")}
+        {key: request[key] for key in request if key not in ("expect", "query")}
         | {"step": "scf", "query_text": request.get("query", "") + " long" * (n % 100)}
     ).encode()
     + b"\n"
     for n, request in enumerate(REQUESTS * 3)
 )
-BAD = (
-    b'x\n\n{"step": "a", "findings": "NiO"}\n{"step": "\xff"}\n{"step": "no end", "query_text": 5}'
-)
+BAD = b'x\n\n{"step": "a", "findings": 1}\n{"step": "\xff"}\n{"step": "no end", "query_text": 5}'
 
 
 def test_dask_job_answers_as_batch_does(tmp_path):
@@ -109,18 +80,19 @@ def test_dask_job_answers_as_batch_does(tmp_path):
     records = tmp_path / "records"
     words = (JOB, f"{tmp_path}/log-*", str(records))
     out, status = run(*words)
-    lines, errors = 2 * LOG.count(b"\n") + 15, 15
-    complete = json.loads((records / "complete.json").read_text())
-    assert len(complete["parts"]) >= 6  # each large file that can be cut is
-    shown = f"{lines} lines in {len(complete['parts'])} parts on 2 workers, {errors} errors\n"
-    assert (out, status) == (shown, 1)
+    parts = len(json.loads((records / "complete.json").read_text())["parts"])
+    assert parts >= 6  # each large file that can be cut is
+    lines = 2 * LOG.count(b"\n") + 15
+    assert (out, status) == (f"{lines} lines in {parts} parts on 2 workers, 15 errors\n", 1)
     answers = b"".join(path.read_bytes() for path in sorted(records.glob("*.jsonl")))
     for name in contents:
         command([*COMMAND, "batch", name, "-o", f"{name}.out"], cwd=tmp_path)
     assert answers == b"".join((tmp_path / f"{name}.out").read_bytes() for name in contents)
-    before = sorted(path.stat().st_mtime_ns for path in records.iterdir())
-    assert run(*words) == ("", 2)
-    assert sorted(path.stat().st_mtime_ns for path in records.iterdir()) == before
+
+
+DEADLY = """import os
+from tavik_agent.characterize.answer import Answerer
+Answerer.__init__ = lambda self, setting: os._exit(1) if "deadly" in setting.place else None"""
 
 
 @pytest.mark.parametrize(
@@ -129,15 +101,20 @@ def test_dask_job_answers_as_batch_does(tmp_path):
         ("nowhere.jsonl new", "nowhere.jsonl"),
         ("no-*.jsonl new", "no-*.jsonl: no such file"),
         ("log new --workers 0", "at least one worker"),
-        ("log new --block much", "invalid parse_bytes value: 'much'"),
         ("cut.gz new", "Compressed file ended before"),
         ("log log", "log: expected a new or empty folder"),
+        ("log .", ".: expected a new or empty folder"),
         ("nosuch://log new", "nosuch"),
+        ("deadly new --workers 1", "but all those workers died while running it"),
     ],
 )
-def test_dask_job_tells_what_is_wrong(words, message, tmp_path):
+def test_dask_job_tells_what_is_wrong(words, message, tmp_path, monkeypatch):
     (tmp_path / "log").write_bytes(LOG[:1000])
     (tmp_path / "cut.gz").write_bytes(gzip.compress(LOG)[:500])
+    (tmp_path / "deadly").write_bytes(LOG[:1000])
+    (tmp_path / "sitecustomize.py").write_text(DEADLY)
+    monkeypatch.setenv("PYTHONPATH", str(tmp_path))
+    monkeypatch.setenv("DASK_DISTRIBUTED__SCHEDULER__ALLOWED_FAILURES", "0")
     done = command([sys.executable, EXAMPLES / JOB, *words.split()], cwd=tmp_path)
     assert done.returncode == 2
     assert message in done.stderr
@@ -150,17 +127,13 @@ def test_tables_of_polars(kind, tmp_path):
     # A column has one type.
     fit = [line for line in LOG.splitlines() if not re.search(rb'xyz|"element": \{', line)]
     requests = [json.loads(line) for line in fit]
-    assert len(requests) > 2000
     path = tmp_path / "requests"
     getattr(polars.DataFrame(requests, infer_schema_length=None), f"write_{kind}")(path)
     document = (EXAMPLES.parent / "docs" / "scale.md").read_text(encoding="utf-8")
     script = re.search(r"^```python\n(import polars.*?)^```", document, re.MULTILINE | re.DOTALL)[1]
-    assert len(script.splitlines()) <= 10
     namespace = {}
     exec(script, namespace)
     table = getattr(polars, f"read_{kind}")(path)
-    answered = namespace["answer"](table)
-    answered.write_parquet(tmp_path / "records")
     expected = [mc.characterize_material(**request) for request in requests]
-    assert polars.read_parquet(tmp_path / "records").to_dicts() == expected
+    assert namespace["answer"](table).to_dicts() == expected
     assert [*table.iter_rows(named=True)] != requests  # nulls were filled in

@@ -16,9 +16,7 @@ FAILED = {"error": {"line": 1, "kind": "invalid JSON", "message": "why"}}
 FAILED_ELSEWHERE = {"error": {"message": "why", "file": "log", "text": "x"}}
 
 
-@pytest.fixture(autouse=True)
-def _in_a_folder_of_its_own(tmp_path, monkeypatch):
-    monkeypatch.chdir(tmp_path)
+pytestmark = pytest.mark.usefixtures("own_folder")
 
 
 def write(**files):
@@ -35,12 +33,11 @@ def shown(capfd, *words, status=0):
 
 
 CHANGES = """\
-3 of 5 requests changed
+2 of 4 requests changed
 2 only in b.jsonl
 
-electronic_class, from to 2
+electronic_class, from to 1
 metal unknown 1
-unknown metal 1
 
 species, from to 1
 - Ni, O 1
@@ -48,39 +45,30 @@ species, from to 1
 error, from to 1
 why answered 1
 
-3 examples
+2 examples
 line 2 SCF second
  electronic_class metal -> unknown
  species - -> Ni, O
 line 3 SCF
- error why -> answered
-line 5 SCF fifth
- electronic_class unknown -> metal"""
+ error why -> answered"""
+
+
+AS_BEFORE = METAL | {"confidence": 1, "evidence": ["x"], "note": ""}
 
 
 @pytest.mark.parametrize(
-    ("before", "after", "status", "expected"),
+    ("before", "after", "expected"),
     [
-        (
-            [METAL, FAILED],
-            [METAL | {"confidence": 1, "evidence": ["x"], "note": ""}, FAILED_ELSEWHERE],
-            0,
-            "0 of 2 requests changed",
-        ),
-        ([METAL], [], 1, "0 of 0 requests changed\n1 only in a.jsonl"),
-        (
-            [OXIDE, METAL, FAILED, METAL, OXIDE],
-            [OXIDE, OXIDE, METAL, METAL, OXIDE | {"electronic_class": "metal"}, METAL, METAL],
-            1,
-            CHANGES,
-        ),
+        ([METAL, FAILED], [AS_BEFORE, FAILED_ELSEWHERE], "0 of 2 requests changed"),
+        ([METAL], [], "0 of 0 requests changed\n1 only in a.jsonl"),
+        ([OXIDE, METAL, FAILED, METAL], [OXIDE, OXIDE, *[METAL] * 4], CHANGES),
     ],
 )
-def test_compare(before, after, status, expected, capfd):
-    requests = [{"query_text": text} for text in ("first", "second", 3, None, "fifth")]
+def test_compare(before, after, expected, capfd):
+    requests = [{"query_text": text} for text in ("first", "second", 3, None)]
     write(a=before, b=after, requests=requests)
     words = ["compare", "a.jsonl", "b.jsonl", "--requests", "requests.jsonl"]
-    assert shown(capfd, *words, status=status) == expected.splitlines()
+    assert shown(capfd, *words, status="\n" in expected) == expected.splitlines()
 
 
 def kept(number, record):
@@ -88,10 +76,8 @@ def kept(number, record):
 
 
 def test_lines_are_matched_by_the_kept_id(capfd):
-    before = [FAILED, *(kept(n, METAL) for n in (1, 2, 2, 3, 4))]
-    after = [FAILED, kept(4, METAL), kept(2, METAL), kept(5, METAL), kept(1, OXIDE)]
-    after.append(kept(2, FAILED))
-    write(a=before, b=after)
+    after = [kept(4, METAL), kept(2, METAL), kept(5, METAL), kept(1, OXIDE), kept(2, FAILED)]
+    write(a=[FAILED, *(kept(n, METAL) for n in (1, 2, 2, 3, 4))], b=[FAILED, *after])
     out = shown(capfd, "compare", "a.jsonl", "b.jsonl", status=1)
     assert out[:3] == ["2 of 5 requests changed", "1 only in a.jsonl", "1 only in b.jsonl"]
     assert out[-5:] == [
@@ -106,29 +92,26 @@ def test_lines_are_matched_by_the_kept_id(capfd):
 def test_examples_show_each_change_before_any_twice(capfd):
     write(a=[METAL] * 100, b=[OXIDE] * 99 + [METAL | {"step": "RELAX"}])
     out = shown(capfd, "compare", "a.jsonl", "b.jsonl", status=1)
-    assert [line.split()[1] for line in out if line.startswith("line")] == [
-        *map(str, range(1, 20)),
-        "100",
-    ]
+    examples = [int(line.split()[1]) for line in out if line.startswith("line")]
+    assert examples == [*range(1, 20), 100]
     out = shown(capfd, "compare", "a.jsonl", "b.jsonl", "--all", status=1)
     assert "100 examples" in out
-    assert len([line for line in out if line.startswith("line")]) == 100
+    assert sum(line.startswith("line") for line in out) == 100
 
 
-@pytest.mark.parametrize("command", ["compare a.jsonl a.jsonl", "summary a.jsonl"])
+@pytest.mark.parametrize("command", ["compare", "summary"])
 @pytest.mark.parametrize(
     ("line", "message"),
     [
-        (b"x", ":2:1: invalid JSON: Expecting value"),
-        (b'{"step": "a"}', ":2: expected a record or an error object"),
-        (b'{"id": 1, "error": 2}', ":2: expected a record or an error object"),
+        ("x", ":2:1: invalid JSON: Expecting value"),
+        ('{"step": "a"}', ":2: expected a record or an error object"),
+        ('{"id": 1, "error": 2}', ":2: expected a record or an error object"),
     ],
 )
 def test_a_line_that_is_no_answer(command, line, message, capfd):
-    Path("a.jsonl").write_bytes(json.dumps(METAL).encode() + b"\n" + line + b"\n")
-    assert run(command.split()) == 2
-    expected = f"tavik-characterize {command.split()[0]}: a.jsonl{message}\n"
-    assert capfd.readouterr() == ("", expected)
+    Path("a.jsonl").write_text(f"{json.dumps(METAL)}\n{line}\n")
+    assert run([command, *["a.jsonl"] * (1 + (command == "compare"))]) == 2
+    assert capfd.readouterr() == ("", f"tavik-characterize {command}: a.jsonl{message}\n")
 
 
 TEXTS = ["MAPbI3 bands", "determine zeolite bands", "a zeolite", "determine NiO", None]
@@ -144,11 +127,11 @@ def test_summary(texts, capfd):
     options = ["--requests", "requests.jsonl"] if texts == "requests" else []
     out = shown(capfd, "summary", "run.jsonl", *options)
     rows = [re.sub(r"( \d+\.\d%)? [█░]+$", "", line) for line in out]
-    assert rows[0] == "run.jsonl: 5 lines"
-    section = rows[rows.index("electronic_class") :][:5]
-    assert section == ["electronic_class", "metal 3", "unknown 1", "semiconductor 0", "insulator 0"]
-    assert {"electronic_class 1", "species 3", "mean confidence 0.55", "invalid JSON 1"} <= {*rows}
-    assert "metal 3 75.0% ██████████████████████░░░░░░░░" in out
+    start = rows.index("electronic_class")
+    assert rows[start + 1 :][:4] == ["metal 3", "unknown 1", "semiconductor 0", "insulator 0"]
+    assert out[start + 1] == "metal 3 75.0% ██████████████████████░░░░░░░░"
+    expected = {"run.jsonl: 5 lines", "electronic_class 1", "species 3", "invalid JSON 1"}
+    assert expected | {"mean confidence 0.55"} <= {*rows}
     if texts == "unknown":
         assert "--requests" in rows[-1]
     else:
@@ -164,15 +147,15 @@ def test_summary_of_other_requests(capfd):
 @pytest.mark.parametrize(
     ("text", "found"),
     [
-        ("Polarons (TiO₂).", {"TiO2"}),
-        (r"$\mathrm{LiFePO_4}$ or BaTiO<sub>3</sub>-based", {"LiFePO4", "BaTiO3"}),
-        ("(PEA)2PbI4, (CH3)2CO", {"(PEA)2PbI4", "(CH3)2CO"}),
-        ("Lead halide Perovskites", {"halide", "perovskites"}),
-        ("HSE06, B3LYP and PBE+U; Tc = 15 K in VASP, SCF", set()),
+        ("Polarons (TiO₂).", "TiO2"),
+        (r"$\mathrm{LiFePO_4}$ or BaTiO<sub>3</sub>-based", "BaTiO3 LiFePO4"),
+        ("(PEA)2PbI4, (CH3)2CO", "(CH3)2CO (PEA)2PbI4"),
+        ("Lead halide Perovskites", "halide perovskites"),
+        ("HSE06, B3LYP and PBE+U; Tc = 15 K in VASP, SCF", ""),
     ],
 )
 def test_words_that_look_like_formulas_or_names(text, found):
-    assert candidates(text) == found
+    assert sorted(candidates(text)) == found.split()
 
 
 def test_pages(capfd):
@@ -182,6 +165,9 @@ def test_pages(capfd):
         for _ in range(2):  # a page may be written anew
             shown(capfd, *words.split(), "--html", "page.html", status="compare" in words)
         page = Path("page.html").read_text(encoding="utf-8")
+        Path("-").touch()
+        assert run([*words.split(), "--html", "-"]) == ("compare" in words)
+        assert capfd.readouterr() == (page, "")
         assert not re.search(r"https?:|src=|<link|<script|<b>", page)
         text = re.sub("<[^>]*>", "", re.search("<pre.*</pre>", page, re.DOTALL)[0])
         text = text.replace("&gt;", ">").replace("&lt;", "<")

@@ -2,63 +2,13 @@
 is wrong with the line. What is wrong is counted by kind, and the first few of a kind are reported.
 """
 
-from collections import Counter
 from typing import Any
 
 import msgspec
 
-from .files import InputError, compressed, json_bytes, parse_json
+from .exchange import Answered, Block, Reports, Setting
+from .files import InputError, compressed, json_bytes
 from .request import RequestDecoder, characterize
-
-REPORTED_OF_A_KIND = 3
-
-
-class Reports(msgspec.Struct):
-    """What was wrong with requests: how often, by kind, and the first messages of each kind."""
-
-    errors: dict[str, int] = {}
-    warnings: dict[str, int] = {}
-    reported: list[tuple[str, str]] = []  # kind and message
-
-    def note(self, counts: dict[str, int], kind: str, message: str) -> None:
-        counts[kind] = counts.get(kind, 0) + 1
-        if counts[kind] <= REPORTED_OF_A_KIND:
-            self.reported.append((kind, message))
-
-    def add(self, later: "Reports") -> list[str]:
-        """Counts those of the lines that follow; returns the messages still to be reported."""
-        sofar = self.errors | self.warnings
-        self.errors = {**(Counter(self.errors) + Counter(later.errors))}
-        self.warnings = {**(Counter(self.warnings) + Counter(later.warnings))}
-        reported = []
-        for kind, message in later.reported:
-            sofar[kind] = sofar.get(kind, 0) + 1
-            if sofar[kind] <= REPORTED_OF_A_KIND:
-                reported.append(message)
-        return reported
-
-
-class Setting(msgspec.Struct):
-    """What is the same for all requests; the suffix is that of the output."""
-
-    place: str
-    keep: list[str] = []
-    suffix: str = ""
-
-
-class Block(msgspec.Struct):
-    """Lines of requests, of which the first has that number."""
-
-    first: int
-    data: bytes
-
-
-class Answered(msgspec.Struct):
-    """The output for a block."""
-
-    data: bytes
-    lines: int
-    reports: Reports
 
 
 class Answerer:
@@ -119,12 +69,5 @@ _encode = msgspec.json.Encoder().encode
 def encoded(value: Any, place: str, number: int) -> bytes:
     try:
         return _encode(value)
-    except (UnicodeEncodeError, OverflowError, RecursionError):
-        # Lone surrogates and integers of any length are for Python's own encoder.
-        entries = {key: _parsed(entry, place, number) for key, entry in value.items()}
-        return json_bytes(entries, f"{place}:{number}").rstrip()
-
-
-def _parsed(entry: Any, place: str, number: int) -> Any:
-    is_raw = isinstance(entry, msgspec.Raw)
-    return parse_json(bytes(entry), place, number) if is_raw else entry
+    except (UnicodeEncodeError, RecursionError):  # lone surrogates are for Python's own encoder
+        return json_bytes(value, f"{place}:{number}").rstrip()

@@ -7,9 +7,9 @@ from contextlib import contextmanager
 from io import FileIO
 from pathlib import Path
 
-from .answer import Answered, Answerer, Block, Setting
 from .blocks import Source, is_file, source_of, state_of
-from .files import COMPRESSED, InputError, compressed, input_errors_at
+from .exchange import Answered, Answering, Block, Setting
+from .files import COMPRESSED, InputError, compressed, input_errors_at, input_place
 from .messages import messages_for
 from .output import Output, Progress, Run, Stream, part_of
 from .tables import fingerprint
@@ -20,18 +20,21 @@ def answer_all(
 ) -> Progress:
     """Answers each request that the target has no answer to yet; returns what was done in all."""
     state = state_of(source)
-    setting = Setting(source, [*keep], Path(target).suffix)
+    setting = Setting(input_place(source), [*keep], Path(target).suffix)
     at_once = not is_file(state) and setting.suffix not in COMPRESSED
-    with source_of(source) as requests, _output(setting, target, state, resume=resume) as output:
-        setting.place = requests.place
+    with (
+        source_of(source) as requests,
+        _output(setting, target, state, resume=resume) as output,
+        _answering(jobs, setting) as answered_in_order,
+        messages_for(state, bar=target != "-") as messages,
+    ):
         requests.skip(output.progress.read, output.progress.input)
-        with messages_for(state, bar=target != "-") as messages:
-            blocks = _numbered(requests.blocks(at_once=at_once), output.progress.lines + 1)
-            for block, answered in _answered(setting, blocks, jobs):
-                for message in output.progress.reports.add(answered.reports):
-                    messages.report(message)
-                _keep(output, requests, block, answered)
-                messages.show(output.progress.lines, output.progress.read)
+        blocks = _numbered(requests.blocks(at_once=at_once), output.progress.lines + 1)
+        for block, answered in answered_in_order(blocks):
+            for message in output.progress.reports.add(answered.reports):
+                messages.report(message)
+            _keep(output, requests, block, answered)
+            messages.show(output.progress.lines, output.progress.read)
         if not output.progress.written:
             output.write(compressed(b"", setting.suffix))
     return output.progress
@@ -43,15 +46,19 @@ def _numbered(blocks: Iterator[bytes], first: int) -> Iterator[Block]:
         first += data.count(b"\n")
 
 
-def _answered(
-    setting: Setting, blocks: Iterator[Block], jobs: int
-) -> Iterator[tuple[Block, Answered]]:
+@contextmanager
+def _answering(jobs: int, setting: Setting) -> Iterator[Answering]:
+    """Whatever answers is imported here: with processes, this one needs no tables."""
     if jobs > 1:
-        from .jobs import answered_by
+        from .jobs import processes
 
-        return answered_by(jobs, setting, blocks)
-    answer = Answerer(setting).block
-    return ((block, answer(block)) for block in blocks)
+        with processes(jobs, setting) as answered:
+            yield answered
+    else:
+        from .answer import Answerer
+
+        answer = Answerer(setting).block
+        yield lambda blocks: ((block, answer(block)) for block in blocks)
 
 
 def _keep(output: Output, requests: Source, block: Block, answered: Answered) -> None:
@@ -59,7 +66,7 @@ def _keep(output: Output, requests: Source, block: Block, answered: Answered) ->
     progress = output.progress
     progress.lines += answered.lines
     progress.read += len(block.data)
-    progress.input = requests.digest_with(block.data)
+    progress.input = requests.checksum_with(block.data)
     if block.data.endswith(b"\n"):  # a last line without its end may still grow
         output.save()
 

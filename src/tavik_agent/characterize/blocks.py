@@ -3,11 +3,11 @@ so that memory is bounded. Where a file is cut follows from its bytes alone, nev
 came in; but whoever writes requests to a pipe gets each answer at once.
 """
 
-import hashlib
 import io
 import os
 import stat
 import sys
+import zlib
 from collections.abc import Iterator
 from contextlib import contextmanager
 
@@ -22,23 +22,23 @@ class Source:
     def __init__(self, file: io.BufferedIOBase, place: str) -> None:
         self.place = place
         self._file = file
-        self._digest = hashlib.sha256()
+        self._checksum = 0
 
-    def skip(self, size: int, digest: str) -> None:
+    def skip(self, size: int, checksum: int) -> None:
         """Passes over what was answered before, when the source begins with it."""
         left = size
         with input_errors_at(self.place):
             while left and (piece := self._file.read(min(left, BLOCK))):
-                self._digest.update(piece)
+                self._checksum = zlib.crc32(piece, self._checksum)
                 left -= len(piece)
-        if left or (size and self._digest.hexdigest() != digest):
+        if left or self._checksum != checksum:
             what = f"expected to begin with the {size:,} bytes that are answered already"
             raise InputError(self.place, what, kind="another input")
 
-    def digest_with(self, block: bytes) -> str:
-        """The digest of what was skipped and of all blocks up to this one."""
-        self._digest.update(block)
-        return self._digest.hexdigest()
+    def checksum_with(self, block: bytes) -> int:
+        """The checksum of what was skipped and of all blocks up to this one."""
+        self._checksum = zlib.crc32(block, self._checksum)
+        return self._checksum
 
     def blocks(self, *, at_once: bool) -> Iterator[bytes]:
         """Blocks that end with a line end, but for that of the last line."""

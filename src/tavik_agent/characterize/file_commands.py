@@ -22,7 +22,10 @@ from .batch import answer_all
 )
 @click.option("--resume", is_flag=True, help="Go on with the unfinished run of OUT.part.")
 @click.option(
-    "--keep", metavar="KEY", multiple=True, help="Copy this entry of a request, an id say."
+    "--keep",
+    metavar="KEY",
+    multiple=True,
+    help="Copy this entry of a request, an id say; may be repeated.",
 )
 @click.option("--jobs", metavar="N", type=click.IntRange(1), default=1, help="Use N processes.")
 def batch(source: str, target: str, resume: bool, keep: tuple[str, ...], jobs: int) -> int:

@@ -78,6 +78,9 @@ def compressed(data: bytes, suffix: str) -> bytes:
 
 def write_file(path: str, data: bytes) -> None:
     """Writes a file, which appears under its name when it is complete."""
+    if path == "-":
+        sys.stdout.buffer.write(data)
+        return
     part = f"{path}.part"
     with input_errors_at(part), open(part, "xb") as file:
         try:

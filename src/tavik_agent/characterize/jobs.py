@@ -1,6 +1,6 @@
-"""Blocks answered by other processes, in order: each thread of this one hands blocks to a process,
-and as many blocks are under way as keep all of them busy. The processes end with this one, however
-it ends, since nobody writes to their standard input then.
+"""Blocks answered by other processes, in order: they take turns, and each answers its block while
+this one serves the others. They end with this one, however it ends, since nobody writes to their
+standard input then.
 """
 
 import os
@@ -8,79 +8,86 @@ import signal
 import subprocess
 import sys
 from collections import deque
-from collections.abc import Callable, Iterable, Iterator
-from concurrent.futures import Future, ThreadPoolExecutor
+from collections.abc import Iterable, Iterator, Sequence
 from contextlib import ExitStack, contextmanager, suppress
-from queue import SimpleQueue
+from functools import partial
 
 import msgspec
 
-from . import worker
-from .answer import Answered, Block, Setting
+from .exchange import Answered, Answering, Block, Setting, received, send
 from .files import InputError
-from .worker import received, send
 
-UNDER_WAY = 2  # blocks for each process
+WORKER = f"{__package__}.worker"
 OWN_GROUP = 0 if hasattr(os, "setpgid") else None  # Ctrl-C is for the process that asks
 
-
-def answered_by(
-    jobs: int, setting: Setting, blocks: Iterable[Block]
-) -> Iterator[tuple[Block, Answered]]:
-    """Each block with its answers, by so many processes."""
-    most = UNDER_WAY * jobs
-    with _processes(setting, jobs) as ask, ThreadPoolExecutor(jobs, "", _hold_signals) as threads:
-        under_way: deque[tuple[Block, Future[Answered]]] = deque()
-        try:
-            for block in blocks:
-                under_way.append((block, threads.submit(ask, block)))
-                while under_way and (len(under_way) == most or under_way[0][1].done()):
-                    first, answered = under_way.popleft()
-                    yield first, answered.result()
-            for first, answered in under_way:
-                yield first, answered.result()
-        finally:
-            threads.shutdown(cancel_futures=True)
+type Process = subprocess.Popen[bytes]
 
 
 @contextmanager
-def _processes(setting: Setting, jobs: int) -> Iterator[Callable[[Block], Answered]]:
-    """A function that has a block answered by a process that has nothing else to do."""
-    idle: SimpleQueue[subprocess.Popen[bytes]] = SimpleQueue()
-
-    def ask(block: Block) -> Answered:
-        process = idle.get()
-        try:
-            return _asked(process, block)
-        finally:
-            idle.put(process)
-
-    command = [sys.executable, "-m", worker.__name__, msgspec.json.encode(setting).decode()]
-    with ExitStack() as processes:
-        for _ in range(jobs):
-            process = subprocess.Popen(
-                command,
-                stdin=subprocess.PIPE,
-                stdout=subprocess.PIPE,
-                process_group=OWN_GROUP,
-            )
-            idle.put(processes.enter_context(process))
-        yield ask
+def processes(jobs: int, setting: Setting) -> Iterator[Answering]:
+    """Starts so many processes; while they come up, the first blocks can be read."""
+    command = [sys.executable, "-m", WORKER, msgspec.json.encode(setting).decode()]
+    with ExitStack() as started:
+        yield partial(_in_turns, [started.enter_context(_process(command)) for _ in range(jobs)])
 
 
-def _hold_signals() -> None:
-    """In this thread a pipe that nobody reads is an error, and not the end of everything."""
-    if hasattr(signal, "SIGPIPE"):
-        signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGPIPE])
-
-
-def _asked(process: subprocess.Popen[bytes], block: Block) -> Answered:
-    assert process.stdin is not None
+@contextmanager
+def _process(command: Sequence[str]) -> Iterator[Process]:
+    pipe = subprocess.PIPE
+    process = subprocess.Popen(command, stdin=pipe, stdout=pipe, process_group=OWN_GROUP)
     try:
-        send(process.stdin, block)
-        if message := received(process.stdout):
-            return msgspec.msgpack.decode(message, type=Answered)
-    except OSError:  # it has ended
-        with suppress(OSError):
-            process.stdin.close()  # here, since what is left in it cannot be written
-    raise InputError("a process of --jobs", f"ended with status {process.wait()}")
+        yield process
+    finally:
+        process.kill()  # it holds nothing that could be lost
+        with _broken_pipe_is_an_error(), suppress(OSError), process:
+            pass
+
+
+def _in_turns(idle: list[Process], blocks: Iterable[Block]) -> Iterator[tuple[Block, Answered]]:
+    at_work: deque[tuple[Process, Block]] = deque()
+    for block in blocks:
+        done = None
+        if not idle:
+            process, asked = at_work.popleft()
+            done = asked, _answer_of(process)
+            idle.append(process)
+        process = idle.pop()
+        _ask(process, block)
+        at_work.append((process, block))
+        if done:
+            yield done
+    for process, block in at_work:
+        yield block, _answer_of(process)
+
+
+def _ask(process: Process, block: Block) -> None:
+    try:
+        with _broken_pipe_is_an_error():
+            send(process.stdin, block)
+    except OSError:
+        raise _ended(process) from None
+
+
+def _answer_of(process: Process) -> Answered:
+    if message := received(process.stdout):
+        return msgspec.msgpack.decode(message, type=Answered)
+    raise _ended(process)
+
+
+def _ended(process: Process) -> InputError:
+    return InputError("a process of --jobs", f"ended with status {process.wait()}")
+
+
+@contextmanager
+def _broken_pipe_is_an_error() -> Iterator[None]:
+    """And not the end of everything, which it is for standard output."""
+    if not hasattr(signal, "SIGPIPE"):
+        yield
+        return
+    signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGPIPE])
+    try:
+        yield
+    finally:
+        if signal.SIGPIPE in signal.sigpending():
+            signal.sigwait([signal.SIGPIPE])
+        signal.pthread_sigmask(signal.SIG_UNBLOCK, [signal.SIGPIPE])

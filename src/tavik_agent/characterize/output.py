@@ -4,6 +4,7 @@ A lock on that file keeps a second writer out. A file of anybody else is never t
 """
 
 import os
+import zlib
 from collections.abc import Iterator
 from contextlib import contextmanager
 from io import FileIO
@@ -11,7 +12,7 @@ from typing import Protocol
 
 import msgspec
 
-from .answer import Reports
+from .exchange import Reports
 from .files import InputError, input_errors_at
 
 try:
@@ -24,7 +25,7 @@ class Run(msgspec.Struct, forbid_unknown_fields=True, tag="tavik-characterize ba
     """The first line of the progress: what decides the bytes of the output, beside the requests."""
 
     keep: list[str]
-    tables: str
+    tables: int
 
 
 class Progress(msgspec.Struct, forbid_unknown_fields=True):
@@ -32,8 +33,9 @@ class Progress(msgspec.Struct, forbid_unknown_fields=True):
 
     lines: int = 0
     read: int = 0
-    input: str = ""  # digest of what was read
+    input: int = 0  # checksum of what was read
     written: int = 0
+    output: int = 0  # checksum of what was written
     reports: Reports = msgspec.field(default_factory=Reports)
 
 
@@ -82,6 +84,7 @@ class Part:
                 raise _foreign_part(self._name)
             _write(self._file, data[len(there) :])
         now.written += len(data)
+        now.output = zlib.crc32(data, now.output)
 
     def save(self) -> None:
         with input_errors_at(self._name):
@@ -189,19 +192,19 @@ def _opened_part(name: str, log: FileIO, log_name: str, run: Run, *, resume: boo
 
 
 def _progress(file: FileIO, log: FileIO) -> tuple[Progress, int]:
-    """The last progress but one, and where its line ends. The block behind it is answered once
-    more, and what stands there must be its answer: so the part is known to be the earlier run's.
-    """
-    size = os.fstat(file.fileno()).st_size
+    """The last progress up to which the part holds what was written, and where its line ends."""
     log.seek(0)
     header, *lines = (log.readall() or b"").splitlines(keepends=True)
-    known = [(Progress(), len(header))]
+    known, end, checksum = Progress(), len(header), 0
     for line in lines:
         later = _decoded(line, Progress)
-        if later is None or later.written > size:
+        if later is None:
             break
-        known.append((later, known[-1][1] + len(line)))
-    return known[max(len(known) - 2, 0)]
+        checksum = zlib.crc32(file.read(later.written - known.written), checksum)
+        if checksum != later.output:
+            break
+        known, end = later, end + len(line)
+    return known, end
 
 
 def _decoded[T](line: bytes, kind: type[T]) -> T | None:

@@ -59,11 +59,13 @@ def most_common(heading: str, counter: Counter[Any], total: int, rows: int) -> T
 
 
 def report(title: str, parts: Iterable[RenderableType], html: str | None) -> None:
-    """Prints the parts, or writes them as a page to the file of that name."""
+    """Prints the parts, or writes them as a page to the file of that name, "-" being standard
+    output.
+    """
     if html is None:
         show(console_for_output(), parts)
         return
-    if os.path.exists(html) and next(read_lines(html), b"") != _FIRST_LINE:
+    if html != "-" and os.path.exists(html) and next(read_lines(html), b"") != _FIRST_LINE:
         raise InputError(html, "expected a new file, or a page to write anew")
     write_file(html, page(title, parts).encode("utf-8", "backslashreplace"))
 

@@ -55,9 +55,6 @@ STEP = struct("step", accepted_fields(KnownStepParameters), closed=False)
 NEAR = 0.75  # how alike two keys are when one is taken for a slip of the other
 
 
-NULL = msgspec.Raw(b"null")
-
-
 class Decoded(NamedTuple):
     arguments: dict[str, Any]  # an entry that was left out is None
     kept: dict[str, Any]  # what was asked to be kept of the request
@@ -70,7 +67,7 @@ class RequestDecoder:
     def __init__(self, keep: Iterable[str] = ()) -> None:
         self.keep = tuple(keep)
         self._beside = [name for name in self.keep if name not in ARGUMENTS]
-        fields = accepted_fields(Request) | WHOLE | dict.fromkeys(self._beside, msgspec.Raw)
+        fields = accepted_fields(Request) | WHOLE | dict.fromkeys(self._beside, Any)
         self._request = struct("Request", fields, closed=True)
         self._decode = msgspec.json.Decoder(self._request).decode
 
@@ -84,7 +81,7 @@ class RequestDecoder:
             return self.check(value, place, number)
         given = msgspec.structs.asdict(request)
         values = {name: given[attribute(name)] for name in self.keep}
-        kept = {name: value for name, value in values.items() if value not in (None, NULL)}
+        kept = {name: value for name, value in values.items() if value is not None}
         for name in self._beside:
             del given[attribute(name)]
         slips = _check_whole(given, place, number)

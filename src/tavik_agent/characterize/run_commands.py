@@ -7,7 +7,7 @@ from .report import report
 from .summary import summarize, summary_parts
 
 HTML = click.option(
-    "--html", metavar="FILE", help="Write one page that needs nothing from outside, and no screen."
+    "--html", metavar="FILE", help='Write one page that needs nothing from outside; "-" prints it.'
 )
 BOTH_STANDARD_INPUT = "standard input can be only one of the files"
 

@@ -27,30 +27,33 @@ JSON_TYPES = {str: "string", bool: "boolean", int: "integer", float: "number", N
 
 def schema(kind: str) -> Schema:
     """The schema of a request, an intent or a record."""
-    return {"$schema": DIALECT, "title": kind, **_of(KINDS[kind])}
+    return {"$schema": DIALECT, "title": kind, **_of(KINDS[kind], given=kind != "record")}
 
 
-def _of(hint: Any) -> Schema:
+def _of(hint: Any, *, given: bool) -> Schema:
+    """The schema of a value; in one that is given entries may be left out, and a null says so."""
     origin, parts = get_origin(hint), get_args(hint)
     if hint is object:
         return {}
     if is_typeddict(hint):
-        return _of_object(hint)
+        return _of_object(hint, given=given)
     if origin is Literal:
         return {"type": "string", "enum": [*parts]}
     if origin in (list, Iterable):
-        return {"type": "array", "items": _of(parts[0])}
+        return {"type": "array", "items": _inside(parts[0], given=given)}
     if origin is Mapping:
-        return {"type": "object", "additionalProperties": _of(parts[1])}
+        return {"type": "object", "additionalProperties": _inside(parts[1], given=given)}
     if origin in (Union, UnionType):
-        return {"anyOf": [_of(part) for part in parts]}
+        return {"anyOf": [_of(part, given=given) for part in parts]}
     return {"type": JSON_TYPES[hint]}
 
 
-def _of_object(hint: Any) -> Schema:
+def _of_object(hint: Any, *, given: bool) -> Schema:
     texts = _texts(hint)
+    required = hint.__required_keys__ if hint is Request or not given else frozenset()
     properties = {
-        name: {"description": texts[name]} | _entry(field, required=name in hint.__required_keys__)
+        name: {"description": texts[name]}
+        | (_of if name in required else _inside)(field, given=given)
         for name, field in get_type_hints(hint).items()
     }
     closed = {"additionalProperties": False} if hint in CLOSED else {}
@@ -58,16 +61,15 @@ def _of_object(hint: Any) -> Schema:
         "type": "object",
         "description": inspect.getdoc(hint),
         "properties": properties,
-        "required": [name for name in properties if name in hint.__required_keys__],
+        "required": [name for name in properties if name in required],
         **closed,
     }
 
 
-def _entry(hint: Any, *, required: bool) -> Schema:
-    """Null stands for an entry that was left out."""
-    if required or hint is object or NoneType in get_args(hint):
-        return _of(hint)
-    return _of(hint | None)
+def _inside(hint: Any, *, given: bool) -> Schema:
+    """An entry, or an item of a list."""
+    is_null_too = given and hint is not object and NoneType not in get_args(hint)
+    return _of(hint | None if is_null_too else hint, given=given)
 
 
 @cache
