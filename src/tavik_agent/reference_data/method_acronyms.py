@@ -80,8 +80,10 @@ def _longer(runs: list[str]) -> list[str]:
     return [run + letter for run in runs for letter in next_to[run[-1]]]
 
 
+# Runs of two or three capitals that spell no compound are abbreviations.
 _TWO: Final = _longer([*_ONE_LETTER])
 _THREE: Final = _longer(_TWO)
+# Data sets named by their year.
 _DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
 
 # Elements whose single atoms are written with a 1 ("Pt1/MgO").
@@ -91,6 +93,7 @@ _IN_MIXED_CRYSTALS: Final = (
     "LI NA K CS MG CA SR BA Y LA CE PR ND SM GD TI ZR HF V NB TA CR MO W MN RE FE RU CO NI PD PT "
     "CU AG ZN CD HG AL GA IN TL SI GE SN PB AS SB BI S SE TE N P"
 ).split()
+# First pieces of fractions and of mixed crystals ("La0.7Sr0.3", "Li1-xCoO2").
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
@@ -195,5 +198,6 @@ _WORDS: Final = frozenset(
 # fmt: on
 
 
+# Runs of two to four capitals that spell no compound are abbreviations.
 _RUNS: Final = filterfalse(_SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE)))
 METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(chain(_RUNS, _WORDS, _DATA_SETS, _PIECES))
