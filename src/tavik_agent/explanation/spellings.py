@@ -5,6 +5,7 @@ on purpose.
 import difflib
 import re
 from collections.abc import Iterable, Iterator
+from functools import cache
 from string import ascii_lowercase, digits
 from typing import Any, TypedDict
 
@@ -37,15 +38,18 @@ class Remark(TypedDict):
 
 def left_out(word: str) -> list[Remark]:
     named = re.compile(rf"(?<![\w-]){re.escape(word)}(?![\w-])")
-    return [remark for remark in _remarks() if word and named.search(remark["note"])]
+    return [remark.copy() for remark in _remarks() if word and named.search(remark["note"])]
 
 
-def _remarks() -> Iterator[Remark]:
+@cache
+def _remarks() -> list[Remark]:
     """The sentences of the tables' comments that say what was left out."""
-    for file, line, remark in remarks():
-        for sentence in re.split(r"(?<=[.;]) (?=[A-Z])", remark):
-            if SAID_OF_ABSENCE.search(sentence):
-                yield {"file": file, "line": line, "note": sentence}
+    return [
+        {"file": file, "line": line, "note": sentence}
+        for file, line, remark in remarks()
+        for sentence in re.split(r"(?<=[.;]) (?=[A-Z])", remark)
+        if SAID_OF_ABSENCE.search(sentence)
+    ]
 
 
 def nearest(word: str, entries: Iterable[str]) -> list[str]:
