@@ -2,6 +2,7 @@
 
 from collections.abc import Mapping
 from functools import cache
+from itertools import pairwise
 from typing import Any
 
 from .document import Document, Piece
@@ -24,6 +25,11 @@ def described(
             causes += wordings
         else:
             causes.append(_answer(cause, trials))
+    for one, other in pairwise(causes):  # words that name something only together
+        if one.get("symbols") == other.get("symbols") == []:
+            together = meaning(f"{one['text'].strip()} {other['text'].strip()}")
+            one.update(together)
+            other.update(together)
     return causes
 
 

@@ -137,7 +137,7 @@ def _without_marks(document: Document, test: Test, pieces: list[Piece], n: int) 
     blanks = (len(text) - len(text.lstrip()), len(text) - len(text.rstrip()))
     for before, after in ((cuts[0], cuts[1]), (blanks[0], cuts[1]), (cuts[0], blanks[1]), blanks):
         cut = Piece(start + before, end - after)
-        if cut.start >= cut.end or _lost_a_bracket(document.text(cut)):
+        if cut.start >= cut.end or _lost_a_bracket(text, document.text(cut)):
             continue
         if test(document.only([*pieces[:n], cut, *pieces[n + 1 :]], guard="")):
             return cut
@@ -149,9 +149,12 @@ def _without_marks(document: Document, test: Test, pieces: list[Piece], n: int) 
     return pieces[n]
 
 
-def _lost_a_bracket(text: str) -> bool:
-    """Whether a bracket was cut off, as from "pt(111)"."""
-    return any(text.count(a) != text.count(b) for a, b in ("()", "[]", "{}"))
+def _lost_a_bracket(text: str, cut: str) -> bool:
+    """Whether one of two brackets was cut off, as from "pt(111)"."""
+    return any(
+        cut.count(a) - cut.count(b) not in (0, text.count(a) - text.count(b))
+        for a, b in ("()", "[]", "{}")
+    )
 
 
 def _same_elsewhere(
