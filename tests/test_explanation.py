@@ -252,23 +252,26 @@ def test_words_that_stand_in_a_text_thousands_of_times(words):
         # Forms: shown where the formula stands, or at the rule when that may be several lines.
         ("fe₂o₃,", "phrase", "FORMULA_ALIASES Fe2O3 written_formulas"),
         ("mg (0001),", "phrase", "FORMULA_ALIASES mg (0001), SURFACE_NAMES"),
-        ("uranium oxides", "phrase", "ELEMENT_NAME_ALIASES uranium oxides _plurals"),
+        ("uranium oxides", "phrase", "ELEMENT_NAME_ALIASES uranium oxides _plurals: The anion of"),
+        ("soc", "keyword", "keyword: magnetic_class noncollinear_template"),
         ("SOC", "acronym keyword", "METHOD_ACRONYMS SOC _THREE: Runs of two or three capitals"),
         *(
             (word, "acronym", f"METHOD_ACRONYMS {word} method_acronyms")
             for word in ("NO", "K", "V", "I", "U", "UP", "IN", "TC")
         ),
-        ("galium", "", "like gallium"),
-        ("wurtzit", "", "like wurtzite"),
-        ("antiferomagnetic", "", "like antiferromagnetic"),
-        ("dft+v", "", "like dft+u"),
+        ("galium", "", "like: gallium "),
+        ("wurtzit", "", "like: wurtzite "),
+        ("antiferomagnetic", "", "like: antiferromagnetic "),
+        ("dft+v", "", "like: dft+u "),
         ("wurtzite", "", "Left out: names that mean the structure"),
     ],
 )
 def test_lookup(word, kinds, said):
     answer = lookup(word)
     assert [reading["kind"] for reading in answer["readings"]] == kinds.split()
-    lines = [f"like {spelling}" for spelling in answer["nearest"][:1]]
+    assert not (kinds and answer["nearest"])
+    lines = [f"like: {spelling} " for spelling in answer["nearest"][:1]]
+    lines += [f"{reading['kind']}: {reading['meaning']}" for reading in answer["readings"]]
     lines += [remark["note"] for remark in answer["left_out"]]
     for table in answer["tables"]:
         place = table.get("rule", Path(table["file"]).stem)

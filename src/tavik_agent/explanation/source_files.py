@@ -14,8 +14,6 @@ from types import ModuleType
 
 PACKAGE = "tavik_agent."
 DATA = ("tavik_agent.material_reference_data", "tavik_agent.method_acronyms")
-# The paragraph that opens the comment of a table; those that follow are named "Criterion: ", ...
-MEANING = re.compile(r"^Meaning: (.*?)(?= [A-Z][a-z]+(?: [a-z]+)*: |$)")
 
 
 class SourceFile:
@@ -79,8 +77,8 @@ class SourceFile:
         return next((n for n, made in self.statements.items() if made.lineno == line), None)
 
     def note_at(self, line: int) -> str:
-        """The comment of the group that the line is in, or the one above its statement; of a table
-        only its meaning, and of a function what it says of itself."""
+        """The comment of the group that the line is in, or the one above its statement; of a
+        function what it says of itself."""
         function = self.statements.get(self.name_at(line) or "")
         if isinstance(function, ast.FunctionDef):
             return " ".join((ast.get_docstring(function) or "").partition("\n\n")[0].split())
@@ -93,8 +91,7 @@ class SourceFile:
         while number > 0 and self.lines[number - 1].lstrip().startswith("#"):
             number -= 1
         comment = [text.lstrip().removeprefix("#").strip() for text in self.lines[number:end]]
-        note = " ".join(text for text in comment if text not in ("fmt: off", "fmt: on"))
-        return meaning[1] if (meaning := MEANING.match(note)) else note
+        return " ".join(text for text in comment if text not in ("fmt: off", "fmt: on"))
 
     def remarks(self) -> Iterator[tuple[int, str]]:
         """The paragraphs of the head and the comments, each with its first line."""
