@@ -51,10 +51,11 @@ def test_screen_on_a_terminal(width, on_terminal):
 
 
 def test_explanation_as_screen_page_and_json(capfd):
-    query = "defects associated with <GaN>"
+    query = "defects associated with <GaN> and CsPbX3, by NPT"
     assert run(["explain", query]) == 0
     screen = capfd.readouterr().out
     assert 'noncollinear_template  otherwise unknown\n  "as[soc]iated" in the query' in screen
+    assert screen.endswith("\nnot read as a material: CsPbX3\n")
     assert run(["explain", "--json", "--html", "page.html", query]) == 0
     cause = json.loads(capfd.readouterr().out)["fields"]["magnetic_class"]["causes"][0]
     assert (cause["text"], cause["within"]) == ("soc", "associated")

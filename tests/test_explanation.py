@@ -1,12 +1,15 @@
 """Every decided field has causes, and each cause is proven: the rules are asked again through the
 module in use, with the causes taken away, and with one of them alone."""
 
-import contextlib
+import ast
 import copy
 import inspect
 import json
-import re
-import threading
+import linecache
+import time
+from concurrent.futures import ThreadPoolExecutor
+from functools import reduce
+from operator import getitem
 from pathlib import Path
 from unittest import mock
 
@@ -18,7 +21,8 @@ from tavik_agent import material_reference_data as reference
 from tavik_agent.explanation import explain, lookup
 
 EMPTY = mc.characterize_material(step="")
-TEXTS = re.compile(r"query_text|findings|planner_manifest|query_intent.structure_description")
+CLASSIFIERS = {f"_{field}": getattr(mc, f"_{field}") for field in EMPTY if hasattr(mc, f"_{field}")}
+DESCRIPTION = "query_intent.structure_description"
 DATA = Path(reference.__file__).parents[1]
 
 
@@ -27,148 +31,84 @@ def _known_tables():
     """The module's own tables stay in place here."""
 
 
-def arguments_of(row):
-    inputs = {key: value for key, value in row.items() if key not in ("expect", "query")}
-    return {"step": "scf", "query_text": row.get("query", ""), **inputs}
-
-
 def recorded(request):
-    """What each private function was given by name, and what it answered."""
-    calls = {}
-    with contextlib.ExitStack() as stack:
-        for name, own in [item for item in vars(mc).items() if inspect.isbuiltin(item[1])]:
-            if not name.startswith("_") or name == "_formula_parts":
-                continue
-
-            def note(*values, _name=name, _own=own, **named):
-                parameters = [p for p in inspect.signature(_own).parameters if p != "parts"]
-                result = _own(*values, **named)
-                calls[_name] = (dict(zip(parameters, values, strict=False)) | named, result)
-                return result
-
-            stack.enter_context(mock.patch.object(mc, name, note))
+    """What the electronic classifier was given by name, and what each classifier answered."""
+    spies = {name: mock.Mock(wraps=own) for name, own in CLASSIFIERS.items()}
+    with mock.patch.multiple(mc, **spies):
         mc.characterize_material(**request)
-    return calls
+    calls = {name: spy.call_args for name, spy in spies.items() if spy.called}
+    answers = {name: CLASSIFIERS[name](*args, **named) for name, (args, named) in calls.items()}
+    args, named = calls["_electronic_class"]
+    return inspect.signature(mc._electronic_class).bind(*args, **named).arguments, answers
 
 
 def written(request):
     """The texts of a request by place."""
     manifest, intent = request.get("planner_manifest") or {}, request.get("query_intent") or {}
     texts = {"query_text": request.get("query_text") or ""}
-    texts |= {f"findings[{n}]": str(v) for n, v in enumerate(request.get("findings") or [])}
-    for key in ("purpose", "notes"):
-        value = manifest.get(key)
-        listed = {f"planner_manifest.{key}[{n}]": str(v) for n, v in enumerate(value or [])}
-        texts |= listed if isinstance(value, list) else {f"planner_manifest.{key}": value or ""}
-    texts["query_intent.structure_description"] = str(intent.get("structure_description") or "")
-    return texts
+    parts = {"findings": [*(request.get("findings") or ())]}
+    parts |= {f"planner_manifest.{key}": manifest.get(key) or "" for key in ("purpose", "notes")}
+    for place, part in parts.items():
+        listed = {f"{place}[{n}]": str(item) for n, item in enumerate(part)}
+        texts |= listed if isinstance(part, list) else {place: str(part)}
+    return texts | {DESCRIPTION: str(intent.get("structure_description") or "")}
 
 
-def blanked(texts, causes, *, alone=False):
-    """The texts without the wording of the causes, or with nothing but that."""
-    result = {}
-    for place, text in texts.items():
-        spans = [(c["start"], c["end"]) for c in causes if c.get("start") is not None]
-        spans = [s for s, c in zip(spans, causes, strict=True) if c["where"] == place]
-        inside = [any(a <= i < b for a, b in spans) for i in range(len(text))]
-        result[place] = "".join(
-            c if kept == alone else " " for c, kept in zip(text, inside, strict=True)
-        )
+def blanked(texts, wording, *, alone=False):
+    """The texts without the wording, or with nothing but that."""
+    result = {place: " " * len(text) if alone else text for place, text in texts.items()}
+    for place, start, end in ((c["where"], c["start"], c["end"]) for c in wording):
+        kept = texts[place][start:end] if alone else " " * (end - start)
+        result[place] = result[place][:start] + kept + result[place][end:]
     return result
 
 
-def joined(texts):
-    return mc._combined_text(texts["query_text"], [*texts.values()][1:-1])
-
-
-@contextlib.contextmanager
 def without_answers(causes):
-    with contextlib.ExitStack() as stack:
-        tables = {}
-        for cause in causes:
-            name = cause.get("table") or cause.get("function")
-            if cause["kind"] == "table":
-                tables.setdefault(name, set()).add(cause["entry"])
-            elif cause["kind"] == "function":
-                stack.enter_context(mock.patch.object(mc, name, return_value=False))
-        for name, entries in tables.items():
-            own = getattr(mc, name)
-            less = (lambda o=own, e=entries: o() - e) if callable(own) else own - entries
-            stack.enter_context(mock.patch.object(mc, name, less))
-        yield
-
-
-def removed(mapping, causes, root):
-    mapping = copy.deepcopy(mapping)
+    """The tables and functions that say no where they decided."""
+    new = {}
     for cause in causes:
-        path = cause.get("where", "").split(".")
-        if cause["kind"] in ("argument", "intent") and path[0] == root:
-            inner = mapping
-            for key in path[1:-1]:
-                inner = inner[key]
-            inner.pop(path[-1], None)
-    return mapping
-
-
-INTENT = {"complexity_hint": "complexity"}
+        if cause["kind"] == "function":
+            new[cause["function"]] = mock.Mock(return_value=False)
+        elif cause["kind"] == "table":
+            table = new.get(cause["table"], getattr(mc, cause["table"]))
+            entries = (table() if callable(table) else table) - {cause["entry"]}
+            new[cause["table"]] = mock.Mock(return_value=entries) if callable(table) else entries
+    return new
 
 
 def decide(field, request, calls, texts, away):
     """The field decided again with these texts, and with those causes taken away."""
     request = copy.deepcopy(request)
-    labels = {c["field"] for c in away if c["kind"] == "label"}
-    for root in ("step_params", "previous_steps_params", "query_intent"):
-        if request.get(root):
-            request[root] = removed(request[root], away, root)
-    intent = dict(request.get("query_intent") or {})
+    request |= {"base_characterization": None, "query_text": texts["query_text"]}
+    intent = request["query_intent"] = request.get("query_intent") or {}
     if intent.get("structure_description"):
-        intent["structure_description"] = texts["query_intent.structure_description"]
-    name = f"_{field}"
-    with without_answers(away):
-        if name in calls and field != "formula_hint":
-            original, _ = calls[name]
-            given = {}
-            for parameter, value in original.items():
-                if parameter in ("combined_text", "explicit_text", "query_text"):
-                    is_query = value == request.get("query_text")
-                    value = texts["query_text"] if is_query else joined(texts)
-                elif parameter in labels:
-                    value = EMPTY[parameter]
-                elif parameter == "query_intent":
-                    value = intent
-                elif parameter == "step_params":
-                    value = request.get("step_params") or {}
-                elif parameter.startswith("intent_"):
-                    key = parameter.removeprefix("intent_")
-                    paths = {c["where"].split(".")[-1] for c in away if c["kind"] == "intent"}
-                    value = "" if key in {INTENT.get(p, p) for p in paths} else value
-                elif parameter == "species":
-                    value = [
-                        s
-                        for s in value
-                        if s not in {c["text"] for c in away if c["kind"] == "species"}
-                    ]
-                given[parameter] = value
-            return getattr(mc, name)(**given)
-        request |= {"query_text": texts["query_text"], "query_intent": intent}
-        request |= {"base_characterization": None}
-        with contextlib.ExitStack() as stack:
-            together = mock.Mock(return_value=joined(texts))
-            stack.enter_context(mock.patch.object(mc, "_combined_text", together))
-            if field == "formula_hint":
-                species = [] if "species" in labels else calls["_electronic_class"][0]["species"]
-                stub = {"_species_from_element_block": species, "_species_from_text": []}
-                for function, result in stub.items():
-                    answer = mock.Mock(return_value=result)
-                    stack.enter_context(mock.patch.object(mc, function, answer))
-            return mc.characterize_material(**request)[field]
+        intent["structure_description"] = texts[DESCRIPTION]
+    for cause in away:
+        if cause["kind"] in ("argument", "intent"):
+            *path, key = cause["where"].split(".")
+            reduce(getitem, path, request).pop(key, None)
+    gone = {cause.get("field", cause.get("text")) for cause in away if "start" not in cause}
+    given, answers = calls
+    new = {name: EMPTY[name[1:]] if name[1:] in gone else value for name, value in answers.items()}
+    if field != "species":
+        species = [] if "species" in gone else [s for s in given["species"] if s not in gone]
+        new |= {"_species_from_element_block": species, "_species_from_text": []}
+        if field != "formula_hint":
+            formula = "" if "formula_hint" in gone else given["formula_hint"]
+            new["_formula_hint"] = intent["formula"] = formula
+    new.pop(f"_{field}", None)
+    new["_combined_text"] = mc._combined_text(texts["query_text"], [*texts.values()][1:-1])
+    new = {name: mock.Mock(return_value=value) for name, value in new.items()}
+    with mock.patch.multiple(mc, **new, **without_answers(away)):
+        return mc.characterize_material(**request)[field]
 
 
 def assert_proven(request):
+    """Returns how many causes name a row of a table."""
     explanation = explain(**copy.deepcopy(request))
     assert explanation["record"] == mc.characterize_material(**copy.deepcopy(request))
     json.dumps(explanation["fields"])
-    calls, texts = recorded(copy.deepcopy(request)), written(request)
+    calls, texts, rows = recorded(copy.deepcopy(request)), written(request), 0
     base = request.get("base_characterization") or {}
     for field, found in explanation["fields"].items():
         causes, label = found["causes"], found["label"]
@@ -180,126 +120,93 @@ def assert_proven(request):
         assert found["otherwise"] != label, (request, field)
         own = [cause for cause in causes if cause["kind"] != "earlier record"]
         wording = [cause for cause in own if cause["kind"] == "wording"]
+        assert len({str(cause) for cause in wording}) == len(wording), (request, field)
+        for cause in (cause for cause in causes if "table" in cause):
+            line = linecache.getline(str(DATA / cause["file"]), cause["line"])
+            assert cause.get("rule", cause["entry"]) in line, cause
+            rows += 1
         for cause in wording:
             assert texts[cause["where"]][cause["start"] : cause["end"]] == cause["text"]
             assert cause["text"] in cause.get("within", cause["text"])
         less = decide(field, request, calls, blanked(texts, wording), own)
-        if own:
-            assert less != label, (request, field)
-        earlier = base.get(field, EMPTY[field])
-        if field == "species" and base:
-            earlier = mc.characterize_material(step="", base_characterization=base)[field]
+        assert not own or less != label, (request, field)
+        before = {key: value for key, value in base.items() if key == field}
+        earlier = mc.characterize_material(step="", base_characterization=before)[field]
         is_last = less == EMPTY[field] and len(own) == len(causes)
-        expected = earlier if is_last else less
-        assert found["otherwise"] == expected, (request, field, found)
+        assert found["otherwise"] == (earlier if is_last else less), (request, field, found)
         for cause in wording:
-            pairs = [[cause, other] for other in wording]
-            outcomes = [
-                decide(field, request, calls, blanked(texts, p, alone=True), []) for p in pairs
-            ]
             if field == "species":
                 named = {symbol for other in wording for symbol in other["symbols"]}
                 assert named >= {*label} or len(wording) < len(own)
-                assert mc._species_from_text(cause["text"]) == cause["symbols"]
+                assert mc._species_from_text(cause["text"]) in (cause["symbols"], [])
                 assert {*cause["symbols"]} & {*label}
             else:
+                pairs = (blanked(texts, [cause, other], alone=True) for other in wording)
+                outcomes = (decide(field, request, calls, pair, []) for pair in pairs)
                 assert label in outcomes, (request, field, cause)
+    return rows
 
 
 def test_causes_are_proven_for_the_collection():
     for row in REQUESTS:
-        assert_proven(arguments_of(row))
+        inputs = {key: value for key, value in row.items() if key not in ("expect", "query")}
+        assert_proven({"step": "scf", "query_text": row.get("query", ""), **inputs})
+    for phrase in [*mc.FORMULA_ALIASES][::400]:
+        assert assert_proven({"step": "", "query_text": phrase}) >= 2
 
 
 def test_causes_are_proven_for_random_requests():
+    """Explaining changes no request, and fails where the rules do."""
+
+    def outcome(call, request):
+        try:
+            return repr(call(**request))
+        except Exception as error:
+            return type(error)
+
     generator = Generator(17)
-    for _ in range(300):
+    for _ in range(600):
         request, is_good = generator.request()
         if is_good:
+            before = repr(request)
             assert_proven(request)
-
-
-def test_table_causes_name_a_line_that_holds_the_entry():
-    named = {
-        (cause["file"], cause["line"], cause["entry"], cause.get("rule"))
-        for row in REQUESTS
-        for field in explain(**arguments_of(row))["fields"].values()
-        for cause in field["causes"]
-        if "table" in cause
-    }
-    assert len(named) > 500
-    lines = {f: (DATA / f).read_text(encoding="utf-8").splitlines() for f, *_ in named}
-    wrong = [n for n in named if (n[3] or n[2]) not in lines[n[0]][n[1] - 1]]
-    assert wrong == []
-    assert sum(bool(rule) for *_, rule in named) < len(named) / 5
+            assert repr(request) == before
+        explained = outcome(lambda **given: explain(**given)["record"], request)
+        assert explained == outcome(mc.characterize_material, request)
 
 
 @pytest.mark.parametrize(
-    ("request_", "field", "expected"),
+    ("marked", "field"),
     [
-        ({"query_text": "İ associated \ud800"}, "magnetic_class", [("query_text", 4, 7, "soc")]),
-        (
-            {"query_text": "\u2003 half-metal,\n"},
-            "electronic_class",
-            [("query_text", 7, 12, "metal")],
-        ),
-        (
-            {"findings": [None, {"of": " slab"}, "SLAB"], "query_text": ""},
-            "structure_mode",
-            [("findings[1]", 9, 13, "slab"), ("findings[2]", 0, 4, "SLAB")],
-        ),
-        (
-            {"planner_manifest": {"purpose": {1: "soc"}, "notes": ["a", " soc"]}},
-            "magnetic_class",
-            [("planner_manifest.purpose", 5, 8, "soc"), ("planner_manifest.notes[1]", 1, 4, "soc")],
-        ),
-        (
-            {"query_text": "gallium", "findings": iter(["arsenide"])},
-            "formula_hint",
-            [("query_text", 0, 7, "gallium"), ("findings[0]", 0, 8, "arsenide")],
-        ),
-        (
-            {"query_text": "a tip on samples, a sample, a Sample and no tip"},
-            "structure_archetype",
-            [
-                *(("query_text", 2, 5, "tip"), ("query_text", 20, 26, "sample")),
-                *(("query_text", 30, 36, "Sample"), ("query_text", 44, 47, "tip")),
-            ],
-        ),
-        ({"query_text": "on (Pt(111))"}, "species", [("query_text", 4, 6, "Pt")]),
-        ({"query_text": "CO/Pt(111) 5 K"}, "formula_hint", [("query_text", 3, 10, "Pt(111)")]),
-        ({"query_text": "x\nSNI2.-"}, "formula_hint", [("query_text", 0, 8, "x\nSNI2.-")]),
-        ({"query_text": "α-fe₂o₃ heated"}, "formula_hint", [("query_text", 0, 7, "α-fe₂o₃")]),
+        ({"query_text": "İ as«soc»iated \ud800"}, "magnetic_class"),
+        ({"query_text": "\u2003 half-«metal»,\n"}, "electronic_class"),
+        ({"query_text": "a «tip» on samples, a «Sample» «sample»  «tip»"}, "structure_archetype"),
+        ({"query_text": "on («Pt»(111))"}, "species"),
+        ({"query_text": "crystal «uo$_2$)» "}, "species"),
+        ({"query_text": "CO/«Pt(111)» 5 K"}, "formula_hint"),
+        ({"query_text": "«x\nSNI2.-»"}, "formula_hint"),
+        ({"query_text": "«α-fe₂o₃» heated"}, "formula_hint"),
+        ({"findings": [None, {"of": " «slab»"}, "«SLAB»"]}, "structure_mode"),
+        ({"planner_manifest": {"purpose": {1: "«soc»"}, "notes": ["«soc»"]}}, "magnetic_class"),
+        ({"query_text": "«gallium»", "findings": ["«arsenide»"]}, "formula_hint"),
     ],
 )
-def test_places_of_words(request_, field, expected):
-    causes = explain(step="scf", **request_)["fields"][field]["causes"]
-    assert [(c["where"], c["start"], c["end"], c["text"]) for c in causes] == expected
+def test_places_of_words(marked, field):
+    request = ast.literal_eval(repr(marked).translate(dict.fromkeys(map(ord, "«»"))))
+    texts = written(request)
+    given = request | {"findings": iter(request.get("findings", ()))}
+    for cause in reversed(explain(step="scf", **given)["fields"][field]["causes"]):
+        text, start, end = texts[cause["where"]], cause["start"], cause["end"]
+        texts[cause["where"]] = f"{text[:start]}«{cause['text']}»{text[end:]}"
+    assert texts == written(marked)
 
 
-def test_earlier_record_and_what_decided_first():
-    base = {"species": ["Si"], "magnetic_class": "nonmagnetic"}
-    fields = explain(step="x", query_text="Si", base_characterization=base)["fields"]
-    assert [c["kind"] for c in fields["species"]["causes"]] == ["wording", "earlier record"]
-    intent = {"correlation": "hybrid"}
-    fields = explain(step="x", query_text="DFT+U for Fe2O3", query_intent=intent)["fields"]
-    kinds = [cause["kind"] for cause in fields["correlation_class"]["causes"]]
-    assert kinds == ["intent", "wording", "table", "function"]
-
-
-def test_explain_fails_where_the_rules_do_and_changes_nothing():
-    generator = Generator(5)
-    for _ in range(400):
-        request, is_good = generator.request()
-        before = repr(request) if is_good else None
-        try:
-            record = mc.characterize_material(**request)
-        except Exception as error:
-            with pytest.raises(type(error)):
-                explain(**request)
-        else:
-            assert repr(explain(**request)["record"]) == repr(record)
-        assert not is_good or repr(request) == before
+def test_what_decided_first():
+    base = {"correlation_class": "dftu_sensitive"}
+    stated = {"query_intent": {"correlation": "hybrid"}, "base_characterization": base}
+    found = explain(step="x", query_text="DFT+U for Fe2O3", **stated)["fields"]["correlation_class"]
+    kinds = [cause["kind"] for cause in found["causes"]]
+    assert kinds == ["intent", "wording", "table", "function", "earlier record"]
 
 
 def test_tables_replaced_in_the_module_in_use_are_asked(monkeypatch):
@@ -314,51 +221,60 @@ def test_a_value_that_explains_in_between():
             explain(step="", query_text="DFT+U for Fe2O3 in eV", query_intent={"formula": "NiO"})
             return "soc"
 
-    def found(finding):
-        return explain(step="", query_text="NiO", findings=[finding])
-
-    assert found(Curious()) == found("soc")
+    found, plain = (explain(step="", query_text="NiO", findings=[f]) for f in (Curious(), "soc"))
+    assert found == plain
 
 
 def test_threads_explain_side_by_side():
+    def work(query):
+        return explain(step="", query_text=query)
+
     queries = ["GaN with soc", "hubbard NiO", "graphene"] * 4
-    expected = [explain(step="", query_text=query) for query in queries]
-    found = [None] * len(queries)
+    with ThreadPoolExecutor(len(queries)) as pool:
+        assert [*pool.map(work, queries)] == [*map(work, queries)]
 
-    def work(n):
-        found[n] = explain(step="", query_text=queries[n])
 
-    threads = [threading.Thread(target=work, args=(n,)) for n in range(len(queries))]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert found == expected
+@pytest.mark.parametrize("words", ["soc", "NiO ", "iron, ", "sample tip ", "2d"])
+def test_words_that_stand_in_a_text_thousands_of_times(words):
+    """They take about 0.1 s; a search that begins anew at each of them takes a minute."""
+    started = time.process_time()
+    fields = explain(step="", findings=[words * 10_000])["fields"]
+    assert max(len(found["causes"]) for found in fields.values()) >= 10_000
+    assert time.process_time() - started < 4
 
 
 @pytest.mark.parametrize(
-    ("word", "kinds", "table", "said"),
+    ("word", "kinds", "said"),
     [
-        ("hematite", ["phrase"], "DFTU_SENSITIVE_FORMULAS", ""),
-        ("IN", ["acronym"], "METHOD_ACRONYMS", ""),
-        ("Fe", ["element"], "phase1_simple_ferromagnet_species", ""),
-        ("ZrTe5", ["phrase", "formula"], "FORMULA_ALIASES", "Left out on purpose"),
+        ("hematite", "phrase", "FORMULA_ALIASES hematite mineral_names"),
+        ("Fe", "element", "phase1_simple_ferromagnet_species Fe magnetism"),
+        ("ZrTe5", "phrase formula", "Left out on purpose"),
+        # Forms: shown where the formula stands, or at the rule when that may be several lines.
+        ("fe₂o₃,", "phrase", "FORMULA_ALIASES Fe2O3 written_formulas"),
+        ("mg (0001),", "phrase", "FORMULA_ALIASES mg (0001), SURFACE_NAMES"),
+        ("uranium oxides", "phrase", "ELEMENT_NAME_ALIASES uranium oxides _plurals: The anion of"),
+        ("soc", "keyword", "keyword: magnetic_class noncollinear_template"),
+        ("SOC", "acronym keyword", "METHOD_ACRONYMS SOC _THREE: Runs of two or three capitals"),
+        *(
+            (word, "acronym", f"METHOD_ACRONYMS {word} method_acronyms")
+            for word in ("NO", "K", "V", "I", "U", "UP", "IN", "TC")
+        ),
+        ("galium", "", "like: gallium "),
+        ("wurtzit", "", "like: wurtzite "),
+        ("antiferomagnetic", "", "like: antiferromagnetic "),
+        ("dft+v", "", "like: dft+u "),
+        ("wurtzite", "", "Left out: names that mean the structure"),
     ],
 )
-def test_lookup(word, kinds, table, said):
+def test_lookup(word, kinds, said):
     answer = lookup(word)
-    assert [reading["kind"] for reading in answer["readings"]] == kinds
-    assert table in [cause["table"] for cause in answer["tables"]]
-    assert said in "".join(remark["note"] for remark in answer["left_out"])
-
-
-@pytest.mark.parametrize("word", ["NO", "K", "V", "I", "U", "UP", "IN", "TC"])
-def test_an_acronym_stands_among_the_acronyms(word):
-    [table] = [t for t in lookup(word)["tables"] if t["table"] == "METHOD_ACRONYMS"]
-    assert table["file"] == "method_acronyms.py"
-
-
-def test_lookup_of_what_no_table_holds():
-    answer = lookup("galium")
-    assert (answer["readings"], answer["tables"], answer["alone"]) == ([], [], {})
-    assert answer["nearest"][0] == "gallium"
+    assert [reading["kind"] for reading in answer["readings"]] == kinds.split()
+    assert not (kinds and answer["nearest"])
+    lines = [f"like: {spelling} " for spelling in answer["nearest"][:1]]
+    lines += [f"{reading['kind']}: {reading['meaning']}" for reading in answer["readings"]]
+    lines += [remark["note"] for remark in answer["left_out"]]
+    for table in answer["tables"]:
+        place = table.get("rule", Path(table["file"]).stem)
+        lines.append(f"{table['table']} {table['entry']} {place}: {table['note']}")
+    assert any(said in line for line in lines)
+    assert kinds or not (answer["tables"] or answer["alone"])

@@ -12,7 +12,8 @@ from tavik_agent.explanation import Cause, Explanation
 
 from .screen import request_parts
 from .terminal import indented, written
-from .why import COLOURS, few_words
+from .unread import unread_line
+from .why import COLOURS, counts_inside, few_words
 
 RULES = "docs/decisions.md"
 
@@ -39,12 +40,16 @@ def explanation_parts(
     undecided = [field for field, found in explanation["fields"].items() if not found["causes"]]
     if undecided:
         yield Text(f"not decided: {', '.join(undecided)}", "dim")
+    if unread := unread_line(arguments, explanation["fields"]):
+        yield Text(unread)
 
 
 def cause_in_full(cause: Cause) -> Iterator[str]:
     """What a cause stands for, where the entry stands, and the comment there."""
     if cause["kind"] == "wording":
         yield f"{cause['where']}, characters {cause['start']} to {cause['end']}."
+        if counts_inside(cause):
+            yield f'"{written(cause["text"])}" counts inside another word, too.'
     elif cause["kind"] in ("intent", "argument"):
         yield f"{cause['where']}{': ' + written(cause['text']) if cause.get('text') else ''}"
     if meaning := cause.get("symbols") or cause.get("formula"):

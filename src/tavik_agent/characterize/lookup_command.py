@@ -36,7 +36,7 @@ def _parts(answer: Answer) -> Iterator[RenderableType]:
     for reading in answer["readings"]:
         yield _indented(f"{reading['kind']}: {written(reading['meaning'])}")
     if not answer["readings"]:
-        yield _indented("no name, formula, symbol or abbreviation of the tables")
+        yield _indented("no name, formula, symbol, abbreviation or keyword that is known")
     for cause in answer["tables"]:
         yield _indented(f"{written(cause['entry'])} in {cause['table']}")
         yield _indented(" ".join(source_in_words(cause)), 4)

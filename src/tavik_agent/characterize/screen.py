@@ -13,6 +13,7 @@ from rich.text import Text
 from tavik_agent.explanation import Explanation
 
 from .terminal import grid, indented, show, written
+from .unread import unread_line
 from .why import COLOURS, beside_label, coloured_texts, place_in_words
 
 UNDECIDED: tuple[Any, ...] = ("", "unknown", "other", [])
@@ -27,6 +28,8 @@ def show_record(console: Console, explanation: Explanation, arguments: Mapping[s
     evidence = [written(message) for message in record["evidence"]]
     parts: list[RenderableType] = [*request_parts(arguments, explanation)]
     parts += [_labels(explanation, console.width), ""]
+    if unread := unread_line(arguments, explanation["fields"]):
+        parts += [Text(unread), ""]
     parts.append(_confidence(record["confidence"], ascii_only=console.options.ascii_only))
     if evidence:
         parts += ["", _numbered(evidence)]

@@ -90,7 +90,8 @@ def _mentions(
         return members & frozenset(found if isinstance(found, list) else ())
 
     pieces = deciding_pieces(document, lambda texts: bool(found_in(texts)))
-    for member in members.difference(*(found_in(document.given([p])) for p in pieces)):
+    alone = {tuple(document.given([piece])) for piece in pieces}
+    for member in members.difference(*(found_in([*texts]) for texts in alone)):
         document.restore(pieces)
 
         def is_found(texts: list[str], member: str = member) -> bool:

@@ -1,6 +1,8 @@
 """Causes as the caller reads them."""
 
 from collections.abc import Mapping
+from functools import cache
+from itertools import pairwise
 from typing import Any
 
 from .document import Document, Piece
@@ -13,12 +15,21 @@ from .trials import Trials
 def described(
     found: list[Question | Piece], field: str, label: Any, trials: Trials, document: Document
 ) -> list[Cause]:
+    meaning = cache(lambda text: _meaning(text, field, label, trials))
     causes: list[Cause] = []
     for cause in found:
         if isinstance(cause, Piece):
-            causes += _wordings(cause, field, label, trials, document)
+            wordings = _wordings(cause, document)
+            if field in ("species", "formula_hint"):
+                wordings = [cause | meaning(cause["text"]) for cause in wordings]
+            causes += wordings
         else:
             causes.append(_answer(cause, trials))
+    for one, other in pairwise(causes):  # words that name something only together
+        if one.get("symbols") == other.get("symbols") == []:
+            together = meaning(f"{one['text'].strip()} {other['text'].strip()}")
+            one.update(together)
+            other.update(together)
     return causes
 
 
@@ -43,9 +54,7 @@ def _answer(question: Question, trials: Trials) -> Cause:
     return {"kind": "label", "field": parameter, "label": trials.decided_before()[parameter]}
 
 
-def _wordings(
-    piece: Piece, field: str, label: Any, trials: Trials, document: Document
-) -> list[Cause]:
+def _wordings(piece: Piece, document: Document) -> list[Cause]:
     causes: list[Cause] = []
     for part in document.split(piece):
         place = document.place(part)
@@ -53,8 +62,6 @@ def _wordings(
         cause |= {"start": place.start, "end": place.end, "text": place.text}
         if (word := document.word_around(part)) != place.text:
             cause["within"] = word
-        if field in ("species", "formula_hint"):
-            cause.update(_meaning(place.text, field, label, trials))
         causes.append(cause)
     return causes
 

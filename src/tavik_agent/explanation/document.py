@@ -2,8 +2,10 @@
 piece may begin in the query and end in a finding; `place` says where that is for the caller.
 """
 
-from bisect import bisect_right
-from collections.abc import Iterable, Sequence
+import re
+from bisect import bisect_left, bisect_right
+from collections.abc import Iterable, Iterator, Sequence
+from functools import cached_property
 from itertools import accumulate
 from typing import NamedTuple
 
@@ -34,6 +36,7 @@ class Document:
         self._names = [name for name, _ in texts]
         self._given = [text for _, text in texts]
         self._left = list(self._given)
+        self._words: dict[int, tuple[list[int], list[int]]] = {}
         self._starts = [0, *accumulate(len(text) for _, text in texts)]
 
     def __len__(self) -> int:
@@ -44,14 +47,21 @@ class Document:
         return list(self._left)
 
     def blank(self, pieces: Iterable[Piece]) -> None:
-        for n, start, end in self._in_texts(pieces):
-            text = self._left[n]
-            self._left[n] = text[:start] + " " * (end - start) + text[end:]
+        self._overwrite(pieces, [" " * len(text) for text in self._given])
 
     def restore(self, pieces: Iterable[Piece]) -> None:
-        for n, start, end in self._in_texts(pieces):
-            text = self._left[n]
-            self._left[n] = text[:start] + self._given[n][start:end] + text[end:]
+        self._overwrite(pieces, self._given)
+
+    def _overwrite(self, pieces: Iterable[Piece], texts: Sequence[str]) -> None:
+        parts: dict[int, list[str]] = {}
+        done: dict[int, int] = {}
+        for n, start, end in self._in_texts(sorted(pieces)):
+            at = done.get(n, 0)
+            parts.setdefault(n, []).append(self._left[n][at:start])
+            parts[n].append(texts[n][max(start, at) : end])
+            done[n] = max(end, at)
+        for n, changed in parts.items():
+            self._left[n] = "".join([*changed, self._left[n][done[n] :]])
 
     def only(self, pieces: Sequence[Piece], guard: str = GUARD) -> list[str]:
         """The texts of which only these pieces are left. With a guard, words cut by a piece are not
@@ -76,17 +86,20 @@ class Document:
         """The characters of a piece, of all texts that it touches."""
         return "".join(self._left[n][start:end] for n, start, end in self._in_texts([piece]))
 
-    def find(self, text: str, start: int) -> int:
-        """Where the text stands next within one text, without regard to case; -1 if nowhere."""
-        for n, first in enumerate(self._starts[:-1]):
-            if self._starts[n + 1] > start:
-                lowered = self._left[n].lower()
-                if len(lowered) != len(self._left[n]):
-                    lowered = self._left[n]
-                at = lowered.find(text.lower(), max(start - first, 0))
-                if at >= 0:
-                    return first + at
-        return -1
+    def places_of(self, text: str) -> Iterator[Piece]:
+        """Where these characters stand and are not blanked, without regard to case."""
+        sought = _lowered(text)
+        for n, lowered in enumerate(self._lowered):
+            start = lowered.find(sought)
+            while start >= 0:
+                end = start + len(text)
+                if self._left[n][start:end] == self._given[n][start:end]:
+                    yield Piece(self._starts[n] + start, self._starts[n] + end)
+                start = lowered.find(sought, end)
+
+    @cached_property
+    def _lowered(self) -> list[str]:
+        return [_lowered(text) for text in self._given]
 
     def split(self, piece: Piece) -> list[Piece]:
         """The parts of a piece in one text each."""
@@ -103,12 +116,20 @@ class Document:
     def word_around(self, piece: Piece) -> str:
         """The word that a piece is a part of; the piece itself when it is no part of a word."""
         [(n, start, end)] = self._in_texts([piece])
-        text = self._given[n]
-        if _is_word(text[start]):
-            start -= _length_of_word(text[start - 1 :: -1] if start else "")
-        if _is_word(text[end - 1]):
-            end += _length_of_word(text[end:])
-        return text[start:end]
+        starts, ends = self._words_of(n)
+        before, after = bisect_right(starts, start) - 1, bisect_left(ends, end)
+        if before >= 0 and start < ends[before]:
+            start = starts[before]
+        if after < len(ends) and starts[after] < end:
+            end = ends[after]
+        return self._given[n][start:end]
+
+    def _words_of(self, n: int) -> tuple[list[int], list[int]]:
+        """Where the words of a text start, and where they end."""
+        if n not in self._words:
+            spans = [match.span() for match in re.finditer(r"\w+", self._given[n])]
+            self._words[n] = ([start for start, _ in spans], [end for _, end in spans])
+        return self._words[n]
 
     def _in_texts(self, pieces: Iterable[Piece]) -> list[tuple[int, int, int]]:
         found = []
@@ -123,9 +144,11 @@ class Document:
         return found
 
 
-def _is_word(character: str) -> bool:
-    return character.isalnum() or character == "_"
-
-
-def _length_of_word(text: str) -> int:
-    return next((n for n, c in enumerate(text) if not _is_word(c)), len(text))
+def _lowered(text: str) -> str:
+    """The text in small letters; a character that would become two stays as it is."""
+    lowered = text.lower()
+    if len(lowered) == len(text):
+        return lowered
+    return "".join(
+        small if len(small := character.lower()) == 1 else character for character in text
+    )

@@ -1,37 +1,24 @@
 """lookup: how a name, a formula, a symbol or an abbreviation is read, and which tables hold it."""
 
-import difflib
-import re
 from collections.abc import Collection, Iterator, Mapping
 from typing import Any, Literal, TypedDict
 
 from .explain import explain
 from .private_module import private_module
-from .results import Cause
-from .sources import remarks, source_of
+from .results import Cause, FieldExplanation
+from .sources import source_of
+from .spellings import Remark, left_out, nearest
 
 ACRONYMS = "METHOD_ACRONYMS"
 SYMBOLS = "KNOWN_ELEMENT_SYMBOLS"
-NEAREST = 5
-LIKENESS = 0.75
-# A spelling is sought among those that are about as long.
-DIFFERENCE = 2
-SAID_OF_ABSENCE = re.compile(r"\b([Ll]eft|kept) out\b|\bno row\b")
+NAMED = ("species", "formula_hint")
 
 
 class Reading(TypedDict):
     """One way in which a word is read, and what it then stands for."""
 
-    kind: Literal["phrase", "element", "formula", "acronym"]
+    kind: Literal["phrase", "element", "formula", "acronym", "keyword"]
     meaning: str
-
-
-class Remark(TypedDict):
-    """A comment of the tables that names the word among what was left out."""
-
-    file: str
-    line: int
-    note: str
 
 
 class Answer(TypedDict):
@@ -42,13 +29,13 @@ class Answer(TypedDict):
     alone: dict[str, Any]
     """What was decided by a request of the word alone, by field."""
     nearest: list[str]
-    """Like spellings in the tables, when none holds the word."""
+    """Like spellings that are known, when the word is not."""
     left_out: list[Remark]
 
 
 def lookup(word: str) -> Answer:
     word = " ".join(word.split())
-    alone = explain(step="", query_text=word)
+    alone = explain(step="", query_text=word)["fields"]
     module = private_module()
     with module.lock:
         module.follow()
@@ -56,13 +43,17 @@ def lookup(word: str) -> Answer:
         readings = [*_readings(word, tables)]
         spellings = {word, *(r["meaning"] for r in readings if r["kind"] == "phrase")}
     held = [*_held(word, spellings, tables)]
+    readings += _keywords(word, alone)
+    remarks = left_out(word)
+    is_known = bool(held or remarks or not word or any(r["kind"] == "keyword" for r in readings))
+    entries = (entry for name, table in tables.items() if name != ACRONYMS for entry in table)
     return {
         "word": word,
         "readings": readings,
         "tables": held,
-        "alone": {f: v["label"] for f, v in alone["fields"].items() if v["causes"]},
-        "nearest": [] if held or not word else _nearest(word, tables),
-        "left_out": [*_left_out(word)],
+        "alone": {f: v["label"] for f, v in alone.items() if v["causes"]},
+        "nearest": [] if is_known else nearest(word, entries),
+        "left_out": remarks,
     }
 
 
@@ -93,6 +84,15 @@ def _readings(word: str, tables: Mapping[str, Collection[Any]]) -> Iterator[Read
         yield {"kind": "formula", "meaning": ", ".join(symbol for symbol, _ in parts)}
 
 
+def _keywords(word: str, fields: Mapping[str, FieldExplanation]) -> Iterator[Reading]:
+    """The fields that the word decides as it stands, but for what it names."""
+    for field, found in fields.items():
+        if field not in NAMED and any(
+            cause["kind"] == "wording" and cause["text"] == word for cause in found["causes"]
+        ):
+            yield {"kind": "keyword", "meaning": f"{field} {found['label']}"}
+
+
 def _held(
     word: str, spellings: Collection[str], tables: Mapping[str, Collection[Any]]
 ) -> Iterator[Cause]:
@@ -102,30 +102,3 @@ def _held(
             entries = set() if word.islower() else {word.upper()}
         for entry in sorted(entries & {*(e for e in entries if e in table)}):
             yield {"kind": "table", "table": name, "entry": entry, **source_of(name, entry)}
-
-
-def _nearest(word: str, tables: Mapping[str, Collection[Any]]) -> list[str]:
-    """Spellings that differ in capitals alone, then those that differ little."""
-    plain = re.compile(r"[A-Za-z0-9 -]+")
-    like = {
-        entry
-        for name, table in tables.items()
-        if name != ACRONYMS
-        for entry in table
-        if abs(len(entry) - len(word)) <= DIFFERENCE
-        and entry[:1].lower() == word[:1].lower()
-        and plain.fullmatch(entry)
-    }
-    same = sorted(entry for entry in like if entry.lower() == word.lower())
-    lowered = {entry.lower(): entry for entry in sorted(like)}
-    close = difflib.get_close_matches(word.lower(), lowered, NEAREST, LIKENESS)
-    return [*dict.fromkeys([*same, *(lowered[spelling] for spelling in close)])][:NEAREST]
-
-
-def _left_out(word: str) -> Iterator[Remark]:
-    """The sentences of the tables' comments that say so."""
-    named = re.compile(rf"(?<![\w-]){re.escape(word)}(?![\w-])")
-    for file, line, remark in remarks():
-        for sentence in re.split(r"(?<=[.;]) (?=[A-Z])", remark):
-            if word and SAID_OF_ABSENCE.search(sentence) and named.search(sentence):
-                yield {"file": file, "line": line, "note": sentence}

@@ -108,7 +108,7 @@ class NotedTable:
         return self._notes.answer(("table", self._name, entry), entry in self._table)
 
     def __iter__(self) -> Iterator[Any]:
-        for entry in self._table:
+        for entry in sorted(self._table, key=str):  # the same in every process
             question = ("table", self._name, entry)
             noted = entry in self._notes.species
             if self._notes.answer(question, True) if noted else self._notes.allows(question):

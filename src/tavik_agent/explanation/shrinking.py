@@ -7,7 +7,7 @@ piece can be left out, and none can be cut shorter without cutting into a word.
 import re
 from collections.abc import Callable, Iterator
 
-from .document import GUARD, Document, Piece
+from .document import Document, Piece
 
 type Test = Callable[[list[str]], bool]
 FIRST_STEP = 16
@@ -19,47 +19,48 @@ def deciding_pieces(document: Document, test: Test) -> list[Piece]:
     found: list[Piece] = []
     at = 0
     while True:
-        if not test(document.only([Piece(at, len(document))])):
+        wide = _next_pieces(document, test, at)
+        if not wide:
             if at == 0:
                 break
             at = 0
             continue
-        pieces = _next_pieces(document, test, at)
+        pieces = _trimmed(document, test, wide)
         if not any(document.text(piece).strip() for piece in pieces):
             break  # an answer that does not depend on the words
         if len(pieces) == 1:
-            pieces += _same_elsewhere(document, test, pieces[0])
             at = pieces[0].end
+            pieces += _same_elsewhere(document, test, pieces, wide, 0)
         else:
-            pieces = _with_alternatives(document, test, pieces)
+            pieces = _with_alternatives(document, test, wide)
         document.blank(pieces)
         found += pieces
     return sorted(found)
 
 
 def _next_pieces(document: Document, test: Test, at: int) -> list[Piece]:
-    """The pieces behind a place that decide together and end first."""
+    """The pieces behind a place that decide together and end first; none when there are none."""
     end = _least(at, len(document), lambda end: test(document.only([Piece(at, end)])))
+    if end is None:
+        return []
     back = _least(0, end - at, lambda size: test(document.only([Piece(end - size, end)])))
-    pieces = _needed(document, test, Piece(end - back, end))
+    pieces = _needed(document, test, Piece(end - (back or end - at), end))
     if len(pieces) > 1:
         for n in range(len(pieces)):
             pieces[n] = _narrowed(document, test, pieces, n)
-    for n in range(len(pieces)):
-        pieces[n] = _trimmed(document, test, pieces, n)
     return pieces
 
 
-def _least(low: int, high: int, holds: Callable[[int], bool]) -> int:
-    """The least number above low for which it holds; it holds for high, and above what it holds
-    for. Small numbers are tried first."""
+def _least(low: int, high: int, holds: Callable[[int], bool]) -> int | None:
+    """The least number above low for which it holds, when it holds for all that are greater; none
+    when it does not hold for high. Small numbers are tried first."""
     step = FIRST_STEP
-    while low + step < high:
-        if holds(low + step):
-            high = low + step
-            break
+    while not holds(min(low + step, high)):
+        if low + step >= high:
+            return None
         low += step
         step *= 2
+    high = min(low + step, high)
     while high - low > 1:
         middle = (low + high) // 2
         if holds(middle):
@@ -70,11 +71,12 @@ def _least(low: int, high: int, holds: Callable[[int], bool]) -> int:
 
 
 def _needed(document: Document, test: Test, piece: Piece) -> list[Piece]:
-    """The words of a piece that the test needs; what stands together stays together."""
+    """The words of a piece that the test needs, each with the blanks on both sides; what means
+    something only as it stands together stays together."""
     words = [
-        Piece(part.start + match.start(), part.start + match.end())
+        Piece(part.start + match.start(1), part.start + match.end(2))
         for part in document.split(piece)
-        for match in re.finditer(r"\s*\S+\s*", document.text(part))
+        for match in re.finditer(r"(\s*)\S+(?=(\s*))", document.text(part))
     ]
     size = len(words) // 2
     while size and len(words) > 1:
@@ -96,7 +98,7 @@ def _joined(document: Document, words: list[Piece]) -> Iterator[Piece]:
     current = words[0]
     for word in words[1:]:
         joined = Piece(current.start, word.end)
-        if word.start == current.end and len(document.split(joined)) == 1:
+        if word.start <= current.end and len(document.split(joined)) == 1:
             current = joined
         else:
             yield current
@@ -111,12 +113,20 @@ def _narrowed(document: Document, test: Test, pieces: list[Piece], n: int) -> Pi
         return test(document.only([*pieces[:n], piece, *pieces[n + 1 :]]))
 
     start, end = pieces[n]
-    end = start + _least(0, end - start, lambda size: holds(Piece(start, start + size)))
-    start = end - _least(0, end - start, lambda size: holds(Piece(end - size, end)))
-    return Piece(start, end)
+    size = _least(0, end - start, lambda size: holds(Piece(start, start + size)))
+    end = start + (size or end - start)
+    size = _least(0, end - start, lambda size: holds(Piece(end - size, end)))
+    return Piece(end - (size or end - start), end)
 
 
-def _trimmed(document: Document, test: Test, pieces: list[Piece], n: int) -> Piece:
+def _trimmed(document: Document, test: Test, pieces: list[Piece]) -> list[Piece]:
+    trimmed = list(pieces)
+    for n in range(len(trimmed)):
+        trimmed[n] = _without_marks(document, test, trimmed, n)
+    return trimmed
+
+
+def _without_marks(document: Document, test: Test, pieces: list[Piece], n: int) -> Piece:
     """A piece without the blanks and marks around it, when it decides between blanks as well."""
     text = document.text(pieces[n])
     marks = re.compile(r"[\W_]*")
@@ -127,7 +137,7 @@ def _trimmed(document: Document, test: Test, pieces: list[Piece], n: int) -> Pie
     blanks = (len(text) - len(text.lstrip()), len(text) - len(text.rstrip()))
     for before, after in ((cuts[0], cuts[1]), (blanks[0], cuts[1]), (cuts[0], blanks[1]), blanks):
         cut = Piece(start + before, end - after)
-        if cut.start >= cut.end or _lost_a_bracket(document.text(cut)):
+        if cut.start >= cut.end or _lost_a_bracket(text, document.text(cut)):
             continue
         if test(document.only([*pieces[:n], cut, *pieces[n + 1 :]], guard="")):
             return cut
@@ -139,36 +149,61 @@ def _trimmed(document: Document, test: Test, pieces: list[Piece], n: int) -> Pie
     return pieces[n]
 
 
-def _lost_a_bracket(text: str) -> bool:
-    """Whether a bracket was cut off, as from "pt(111)"."""
-    return any(text.count(a) != text.count(b) for a, b in ("()", "[]", "{}"))
+def _lost_a_bracket(text: str, cut: str) -> bool:
+    """Whether one of two brackets was cut off, as from "pt(111)"."""
+    return any(
+        cut.count(a) - cut.count(b) not in (0, text.count(a) - text.count(b))
+        for a, b in ("()", "[]", "{}")
+    )
 
 
-def _same_elsewhere(document: Document, test: Test, piece: Piece) -> list[Piece]:
-    """The other places at which the same characters decide by themselves."""
-    text, found = document.text(piece), []
-    at = piece.end
-    while (start := document.find(text, at)) >= 0:
-        at = start + len(text)
-        around = Piece(max(start - 1, 0), min(at + 1, len(document)))
-        if test(document.only([around], GUARD)) and test(document.only([Piece(start, at)], "")):
-            found.append(Piece(start, at))
-    return found
+def _same_elsewhere(
+    document: Document, test: Test, pieces: list[Piece], wide: list[Piece], n: int
+) -> list[Piece]:
+    """The other places at which the characters of one of the pieces decide in its stead, with what
+    touches them as wide as around it. What reads the same is tested once."""
+    tested: dict[tuple[str, ...], bool] = {}
+
+    def holds(texts: list[str]) -> bool:
+        if (key := (*texts,)) not in tested:
+            tested[key] = test(texts)
+        return tested[key]
+
+    def decides(place: Piece) -> bool:
+        around = Piece(max(place.start - before, 0), min(place.end + after, len(document)))
+        return holds(document.only([*wide[:n], around, *wide[n + 1 :]])) and holds(
+            document.only([*pieces[:n], place, *pieces[n + 1 :]], guard="")
+        )
+
+    piece = pieces[n]
+    before, after = max(piece.start - wide[n].start, 1), max(wide[n].end - piece.end, 1)
+    places = document.places_of(document.text(piece))
+    return [place for place in places if place != piece and decides(place)]
 
 
-def _with_alternatives(document: Document, test: Test, pieces: list[Piece]) -> list[Piece]:
+def _with_alternatives(document: Document, test: Test, wide: list[Piece]) -> list[Piece]:
     """Pieces that decide together, with those that can stand for one of them."""
-    found = list(pieces)
-    for piece in found:
-        hidden = [piece]
+    groups = _groups(document, test, wide)
+    for group in groups:
+        hidden = list(group)
         document.blank(hidden)
         while test(document.whole()):
-            others = _next_pieces(document, test, 0)
-            new = [other for other in others if other not in found]
+            others = _groups(document, test, _next_pieces(document, test, 0))
+            known = {piece for found in groups for piece in found}
+            new = [other for other in others if other[0] not in known]
             if not new:
                 break
-            found += new
-            hidden += new
-            document.blank(new)
+            groups += new
+            fresh = [piece for other in new for piece in other]
+            hidden += fresh
+            document.blank(fresh)
         document.restore(hidden)
-    return found
+    return sorted({piece for group in groups for piece in group})
+
+
+def _groups(document: Document, test: Test, wide: list[Piece]) -> list[list[Piece]]:
+    """Pieces that decide together, each followed by the other places that decide in its stead."""
+    pieces = _trimmed(document, test, wide)
+    return [
+        [piece, *_same_elsewhere(document, test, pieces, wide, n)] for n, piece in enumerate(pieces)
+    ]

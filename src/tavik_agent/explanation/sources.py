@@ -1,127 +1,36 @@
-"""Where an entry of a table stands: file, line and the comment of its group, read from the source
-of the tables.
+"""Where an entry of a table stands: file, line and the comment of its group.
 
 A row that is made by rule is traced to the entry that it was made from: one of the smaller tables
-holds an entry of which a form is that row. Where no line holds such an entry, it is the line of the
-rule.
+holds an entry of which a form is that row. Where no line, or more than one, can be that entry, it
+is the line of the rule.
 """
 
 import ast
 import inspect
-import io
-import re
 import sys
-import tokenize
-from collections.abc import Callable, Iterator, Mapping
+from collections.abc import Callable, Collection, Iterator, Mapping
 from contextlib import suppress
-from functools import cache, cached_property
-from pathlib import Path
-from types import ModuleType
+from functools import cache
 from typing import NamedTuple
 
 from .results import Cause
+from .source_files import DATA, SourceFile, source_files
 
-PACKAGE = "tavik_agent."
-DATA = ("tavik_agent.material_reference_data", "tavik_agent.method_acronyms")
-
-
-class _Source:
-    """One file of the tables."""
-
-    def __init__(self, module: ModuleType) -> None:
-        self.module = module
-        text = inspect.getsource(module)
-        self.lines = text.splitlines()
-        self.file = module.__name__.removeprefix(PACKAGE).replace(".", "/") + ".py"
-        if Path(module.__file__ or "").name == "__init__.py":
-            self.file = self.file.replace(".py", "/__init__.py")
-        self.statements: dict[str, ast.stmt] = {}
-        self.imports: dict[str, str] = {}
-        self._names: dict[int, list[str]] = {}
-        body = ast.parse(text).body
-        self._head_lines = body[0].end_lineno or 0
-        for statement in body:
-            self._read(statement)
-
-    @cached_property
-    def _lines(self) -> tuple[dict[str, list[int]], dict[str, list[int]]]:
-        """Where each string stands, and each word of one."""
-        strings: dict[str, list[int]] = {}
-        words: dict[str, list[int]] = {}
-        text = "\n".join([*self.lines, ""])
-        for token in tokenize.generate_tokens(io.StringIO(text).readline):
-            if token.type != tokenize.STRING:
-                continue
-            for n, string in enumerate(str(ast.literal_eval(token.string)).split("\n")):
-                strings.setdefault(string, []).append(token.start[0] + n)
-                for word in re.split(r"[\s;]+", string):
-                    words.setdefault(word, []).append(token.start[0] + n)
-        return strings, words
-
-    def _read(self, statement: ast.stmt) -> None:
-        match statement:
-            case ast.ImportFrom(module=str(name), names=names, level=level):
-                package = self.module.__package__ or ""
-                origin = f"{package}.{name}" if level else name
-                self.imports |= {alias.asname or alias.name: origin for alias in names}
-            case ast.AnnAssign(target=ast.Name(id=name)) | ast.FunctionDef(name=name):
-                self.statements[name] = statement
-            case ast.Assign(targets=[ast.Name(id=name)]):
-                self.statements[name] = statement
-
-    def names_in(self, statement: ast.stmt) -> list[str]:
-        """The names that a statement mentions."""
-        if id(statement) not in self._names:
-            nodes = (node for node in ast.walk(statement) if isinstance(node, ast.Name))
-            self._names[id(statement)] = [*dict.fromkeys(node.id for node in nodes)]
-        return self._names[id(statement)]
-
-    def line_of(self, statement: ast.stmt, entry: str, *, in_words: bool) -> int | None:
-        """The line of the statement that holds the entry, as a string or as a word of one."""
-        last = statement.end_lineno or 0
-        lines = self._lines[in_words].get(entry, ())
-        return next((line for line in lines if statement.lineno <= line <= last), None)
-
-    def note_at(self, line: int) -> str:
-        """The comment of the group that the line is in, or the one above its statement."""
-        number = line - 1
-        while number > 0 and not self.lines[number - 1].lstrip().startswith("#"):
-            number -= 1
-            if not self.lines[number].strip():
-                return ""
-        end = number
-        while number > 0 and self.lines[number - 1].lstrip().startswith("#"):
-            number -= 1
-        comment = [text.lstrip().removeprefix("#").strip() for text in self.lines[number:end]]
-        return " ".join(text for text in comment if text not in ("fmt: off", "fmt: on"))
-
-    def remarks(self) -> Iterator[tuple[int, str]]:
-        """The paragraphs of the head and the comments, each with its first line."""
-        paragraph: list[str] = []
-        for number, line in enumerate([*self.lines, ""], 1):
-            text = line.strip()
-            in_head = number <= self._head_lines and text not in ("", '"""')
-            if in_head or (text.startswith("#") and not text.startswith("# fmt:")):
-                paragraph.append(text.lstrip("#").replace('"""', "").strip())
-            elif paragraph:
-                yield number - len(paragraph), " ".join(paragraph)
-                paragraph = []
+type Statement = tuple[SourceFile, ast.stmt]
 
 
 class _Found(NamedTuple):
-    source: _Source
+    source: SourceFile
     line: int
     entry: str
 
 
-@cache
-def _sources() -> dict[str, _Source]:
-    found = {}
-    for name, module in sorted(sys.modules.items()):
-        if name.startswith(DATA):
-            with suppress(OSError, TypeError):
-                found[name] = _Source(module)
-    return found
+class _Row(NamedTuple):
+    """A row of one of the smaller tables that the tables of the rules are put together from."""
+
+    made_by: Statement
+    phrase: str
+    meaning: str
 
 
 def source_of(table: str, entry: str) -> Cause:
@@ -130,104 +39,131 @@ def source_of(table: str, entry: str) -> Cause:
     if found is None:
         return {}  # type: ignore[typeddict-item]
     source, line, text = found
-    place: Cause = {"entry": text, "file": source.file, "line": line}  # type: ignore[typeddict-item]
+    place: Cause = {"entry": text, "file": source.name, "line": line}  # type: ignore[typeddict-item]
     place["note"] = source.note_at(line)
-    if (rule := _rule_at(source, line, text)) is not None:
+    if text not in source.lines[line - 1] and (rule := source.name_at(line)):
         place["rule"] = rule
     return place
 
 
 def remarks() -> Iterator[tuple[str, int, str]]:
     """The comments of the tables: file, line and text."""
-    for source in _sources().values():
+    for source in source_files().values():
         for line, text in source.remarks():
-            yield source.file, line, text
-
-
-def _rule_at(source: _Source, line: int, entry: str) -> str | None:
-    if entry in source.lines[line - 1]:
-        return None
-    return next((name for name, made in source.statements.items() if made.lineno == line), None)
+            yield source.name, line, text
 
 
 @cache
 def _located(table: str, entry: str) -> _Found | None:
-    for source in _sources().values():
+    for source in source_files().values():
         if statement := source.statements.get(table):
-            rule = _Found(source, statement.lineno, entry)
             if isinstance(getattr(source.module, table, None), Mapping):
-                return _as_made(entry) or rule
-            found = (_in_statement(source, statement, entry, in_words=w) for w in (False, True))
-            return next(filter(None, found), rule)
+                return _of_row(entry) or _Found(source, statement.lineno, entry)
+            return _of_entry((source, statement), entry)
     return None
 
 
-def _in_statement(
-    source: _Source, statement: ast.stmt, entry: str, *, in_words: bool
-) -> _Found | None:
-    """The entry in a statement, or in those of the names that it mentions, the nearest first."""
-    queue, seen = [(source, statement)], {id(statement)}
-    for holder, part in queue:
-        if (line := holder.line_of(part, entry, in_words=in_words)) is not None:
-            return _Found(holder, line, entry)
-        for name in holder.names_in(part):
-            named = _named(holder, name)
-            if named is not None and id(named[1]) not in seen:
-                seen.add(id(named[1]))
-                queue.append(named)
+def _of_entry(table: Statement, entry: str) -> _Found:
+    """The line that holds an entry of a set, or the rule of the nearest smaller set with it."""
+    if lines := _lines(table, entry) or _lines(table, entry, in_words=True):
+        return lines[0]
+    sets = (held for held in _reached(*table)[1:] if entry in _set_of(held))
+    source, statement = next(sets, table)
+    return _Found(source, statement.lineno, entry)
+
+
+def _set_of(statement: Statement) -> Collection[object]:
+    source, made = statement
+    value = getattr(source.module, source.name_at(made.lineno) or "", None)
+    return value if isinstance(value, (list, tuple, frozenset)) else ()
+
+
+def _of_row(phrase: str) -> _Found | None:
+    """The entry that a row was made from, in the smaller tables of names and formulas; the rule
+    when more than one line can be that entry, or none."""
+    rows = _rows_of(phrase)
+    for row in rows:
+        if lines := _lines(row.made_by, row.phrase):
+            return lines[0]
+    for row in rows:
+        for text in (row.phrase, row.meaning):
+            lines = _lines(row.made_by, text, in_words=True)
+            if len(lines) == 1:
+                return lines[0]
+    for row in rows:
+        source, statement = _rule_of(row)
+        return _Found(source, statement.lineno, phrase)
     return None
 
 
-def _named(source: _Source, name: str) -> tuple[_Source, ast.stmt] | None:
-    if name in source.imports:
-        origin = _sources().get(source.imports[name])
-        return _named(origin, name) if origin else None
-    statement = source.statements.get(name)
-    return None if statement is None else (source, statement)
-
-
-def _as_made(phrase: str) -> _Found | None:
-    """The entry that a row was made from, in the smaller tables of names and formulas; the rule of
-    the first of them when none holds it in its source."""
-    meaning = _meaning_of(phrase)
-    rows = [
-        (source, source.statements[name], base, meaning)
-        for source, name, base in _bases_of(phrase, meaning)
+def _lines(table: Statement, text: str, *, in_words: bool = False) -> list[_Found]:
+    """The lines of a statement, and of those of the names that it mentions, that hold a text."""
+    return [
+        _Found(source, line, text)
+        for source, statement in _reached(*table)
+        for line in dict.fromkeys(source.lines_of(statement, text, in_words=in_words))
     ]
-    for in_words in (False, True):
-        for source, statement, base, value in rows:
-            for entry in (base, value):
-                if found := _in_statement(source, statement, entry, in_words=in_words):
-                    return found
-    return _Found(rows[0][0], rows[0][1].lineno, phrase) if rows else None
-
-
-def _bases_of(phrase: str, meaning: str) -> list[tuple[_Source, str, str]]:
-    """The rows of the smaller tables that hold the phrase, or else those of which it is a form."""
-    rows = _rows_by_meaning().get(meaning, [])
-    same = [row for row in rows if row[2] == phrase]
-    return same or [row for row in rows if _is_form_of(phrase, row[2])]
 
 
 @cache
-def _rows_by_meaning() -> dict[str, list[tuple[_Source, str, str]]]:
-    rows: dict[str, list[tuple[_Source, str, str]]] = {}
-    for source, name, table in _smaller_tables():
-        for base, meaning in table.items():
-            rows.setdefault(meaning, []).append((source, name, base))
-    for same in rows.values():
-        same.sort(key=lambda row: row[1].startswith("_"))  # a table before what helps a rule
+def _reached(source: SourceFile, statement: ast.stmt) -> list[Statement]:
+    """A statement, and those of the names that it mentions, the nearest first."""
+    reached = [(source, statement)]
+    for holder, part in reached:
+        for node in ast.walk(part):
+            named = holder.named(node.id) if isinstance(node, ast.Name) else None
+            if named is not None and named not in reached:
+                reached.append(named)
+    return reached
+
+
+def _rule_of(row: _Row) -> Statement:
+    """The function that makes a row and says what it makes, or the statement of the table."""
+    for source, statement in _reached(*row.made_by):
+        if (row.phrase, row.meaning) in _pairs_of(source, statement):
+            return source, statement
+    return row.made_by
+
+
+@cache
+def _pairs_of(source: SourceFile, statement: ast.stmt) -> Collection[tuple[str, str]]:
+    """The rows that a function makes which takes nothing and has a docstring."""
+    match statement:
+        case ast.FunctionDef(
+            name=name, returns=ast.expr() as returned, args=ast.arguments(args=[])
+        ):
+            if ast.get_docstring(statement) and "tuple[str, str]" in ast.unparse(returned):
+                return frozenset(getattr(source.module, name)())
+    return ()
+
+
+def _rows_of(phrase: str) -> list[_Row]:
+    """The rows of the smaller tables that hold the phrase, or else those of which it is a form."""
+    rows = _rows_by_meaning().get(_meaning_of(phrase), [])
+    same = [row for row in rows if row.phrase == phrase]
+    return same or [row for row in rows if _is_form_of(phrase, row.phrase)]
+
+
+@cache
+def _rows_by_meaning() -> dict[str, list[_Row]]:
+    rows: dict[str, list[_Row]] = {}
+    for name, source, table in _smaller_tables():
+        for phrase, meaning in table.items():
+            row = _Row((source, source.statements[name]), phrase, meaning)
+            rows.setdefault(meaning, []).append(row)
     return rows
 
 
-def _smaller_tables() -> Iterator[tuple[_Source, str, Mapping[str, str]]]:
-    """The tables that the tables of the rules are put together from."""
+def _smaller_tables() -> list[tuple[str, SourceFile, Mapping[str, str]]]:
+    """The tables that the tables of the rules are put together from; what helps a rule last."""
     public = {id(value) for value in vars(sys.modules[DATA[0]]).values()}
-    for source in _sources().values():
+    found = []
+    for source in source_files().values():
         for name in source.statements:
             table = getattr(source.module, name, None)
             if isinstance(table, Mapping) and id(table) not in public:
-                yield source, name, table
+                found.append((name, source, table))
+    return sorted(found, key=lambda table: table[0].startswith("_"))
 
 
 def _meaning_of(phrase: str) -> str:
@@ -239,17 +175,20 @@ def _meaning_of(phrase: str) -> str:
 @cache
 def _forms() -> list[Callable[[str], tuple[str, ...]]]:
     """The functions that make the forms of a phrase."""
-    module = sys.modules[f"{DATA[0]}.written_forms"]
     return [
         function
-        for name, function in vars(module).items()
+        for source in source_files().values()
+        for name, function in vars(source.module).items()
         if inspect.isfunction(function)
+        and function.__module__ == source.module.__name__
         and not name.startswith("_")
         and function.__annotations__.get("return") == tuple[str, ...]
     ]
 
 
 def _is_form_of(phrase: str, base: str) -> bool:
+    if not set(filter(str.isalpha, base)).issubset(phrase):  # a form has all its letters
+        return False
     for form in _forms():
         with suppress(ValueError):  # a form that this base does not have
             if phrase in form(base):

@@ -88,8 +88,10 @@ def _longer(runs: list[str]) -> list[str]:
     return [run + letter for run in runs for letter in next_to[run[-1]]]
 
 
+# Runs of two or three capitals that spell no compound are abbreviations.
 _TWO: Final = _longer([*_ONE_LETTER])
 _THREE: Final = _longer(_TWO)
+# A non-metal before a metal, or before its first letter, names no compound (BSC, FSI).
 _NON_METALS: Final = "BCFHINOPS"
 # CO and HO are carbon monoxide and hydroxyl in the formulas of molecules.
 _METALS: Final = sorted(p for p in _PAIRS - {"CO", "HO"} if {*p} <= {*_ONE_LETTER})
@@ -107,7 +109,9 @@ _PLURALS: Final = [
     )
     if run[-1] + end[0] not in _PAIRS
 ]
+# A letter twice and a number (CC3, MM3).
 _TWICE: Final = [f"{letter}{letter}{number}" for letter in _ONE_LETTER for number in range(2, 10)]
+# Data sets named by their year.
 _DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
 
 # Elements whose vacancies are written with a V and that form no compound VX (VZn, VSi).
@@ -121,6 +125,7 @@ _IN_MIXED_CRYSTALS: Final = (
     "LI NA K CS MG CA SR BA Y LA CE PR ND SM GD TI ZR HF V NB TA CR MO W MN RE FE RU CO NI PD PT "
     "CU AG ZN CD HG AL GA IN TL SI GE SN PB AS SB BI S SE TE N P"
 ).split()
+# First pieces of fractions and of mixed crystals ("La0.7Sr0.3", "Li1-xCoO2").
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
@@ -232,6 +237,7 @@ _WORDS: Final = frozenset(
 # fmt: on
 
 
+# Runs of two to four capitals that spell no compound are abbreviations.
 _RUNS: Final = filterfalse(
     _SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE), _ANION_FIRST, _PLURALS)
 )
