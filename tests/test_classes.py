@@ -44,13 +44,6 @@ def test_system_class_takes_any_species():
             mc.classify_system_class(species, formula_hint=hint)
 
 
-def test_electronic_class_hands_over_what_it_was_given(record):
-    calls = record(classify_system_class=("anything",))
-    assert mc._electronic_class("s", explicit_text="t", formula_hint="f") == ("anything",)
-    inputs = {"formula_hint": "f", "explicit_text": "t", "structure_archetype": ""}
-    assert calls == [("classify_system_class", ("s",), inputs)]
-
-
 SIMPLE = ("simple", "tutorial", "minimal", "basic")
 
 
@@ -79,18 +72,6 @@ CORRELATION_CLASSES = [
 def test_correlation_class(species, formula, text, correlation, complexity, label):
     intent = {"intent_correlation": correlation, "intent_complexity": complexity}
     assert mc._correlation_class(species.split(), formula, text, **intent) == label
-
-
-def test_unions_are_made_by_the_tables_themselves(monkeypatch):
-    class Table(list):
-        def union(self, other):
-            return ["BN", "Xe", *other]
-
-    monkeypatch.setattr(mc, "NONMAGNETIC_METAL_SPECIES", Table())
-    monkeypatch.setattr(mc, "SEMICONDUCTOR_FORMULAS", Table())
-    assert mc._correlation_class(["Xe"], "", "") == "plain_dft"
-    assert mc._correlation_class([], "BN", "") == "plain_dft"
-    assert mc._magnetic_class([], "BN", "", "") == "nonmagnetic"
 
 
 FLAT = [f"{name}_2d" for name in ("graphene", "hbn", "tmd", "phosphorene", "mxene")]

@@ -56,6 +56,13 @@ def test_missing_species_is_asked_for_and_not_made():
     assert not block
 
 
+@pytest.mark.parametrize("item", [("Fe", 1, 2), ["Fe"], 5])
+def test_items_that_are_no_pairs(item):
+    block = type("Block", (dict,), {"items": lambda self: [item]})()
+    with pytest.raises((TypeError, ValueError), match="unpack"):
+        mc._species_from_element_block(block)
+
+
 def test_block_that_changes_while_it_is_read():
     class Changes(dict):
         def get(self, key, default=None):

@@ -1,13 +1,15 @@
 """The tables held to the collection of labelled requests in evaluation/."""
 
-import importlib.util
 import json
+import runpy
+import types
 from pathlib import Path
 
 import pytest
 
 REQUIRED = 0.99
 SCORE = Path(__file__).parents[1] / "evaluation" / "score.py"
+scoring = types.SimpleNamespace(**runpy.run_path(str(SCORE)))
 
 
 @pytest.fixture(autouse=True)
@@ -15,15 +17,7 @@ def _known_tables():
     """The module's own tables stay in place here."""
 
 
-@pytest.fixture(scope="module")
-def scoring():
-    spec = importlib.util.spec_from_file_location("score", SCORE)
-    module = importlib.util.module_from_spec(spec)
-    spec.loader.exec_module(module)
-    return module
-
-
-def test_collection_is_right(scoring, capsys):
+def test_collection_is_right(capsys):
     files = scoring.collections()
     result = scoring.score(request for file in files for request in scoring.read(file))
     with capsys.disabled():
@@ -33,7 +27,7 @@ def test_collection_is_right(scoring, capsys):
     assert result.with_false_species <= 1
 
 
-def test_misses_and_false_species_are_counted(scoring, tmp_path):
+def test_misses_and_false_species_are_counted(tmp_path):
     rows = [
         {"request": {"step": "scf", "query_text": "NiO and Si"}, "expect": {"species": ["Ni"]}},
         {"request": {"step": "scf"}, "expect": {"species": [], "formula_hint": "Fe"}},
