@@ -54,16 +54,10 @@ OTHER_ANSWERS = ["Fe", "\ud800\0", ["O"], None, -1, {"species": "Ni"}]
 def with_method(kind, method, body):
     """Makes a new value of that kind in each call, so that only those who were given it hold it."""
     body = property(body) if method == "__class__" else body
-    content = {
-        dict: [CONTENT],
-        Mapping: [CONTENT],
-        list: [["Fe"]],
-        set: [["Fe"]],
-        str: ["Fe2O3"],
-        Key: ["Fe2O3"],
-    }
+    content = {dict: CONTENT, Mapping: CONTENT, str: "Fe2O3", Key: "Fe2O3"}
+    content |= dict.fromkeys([list, set], ("Fe",))
     made = type("Hostile", (kind,), {"__hash__": kind.__hash__, method: body})
-    return functools.partial(made, *content.get(kind, []))
+    return functools.partial(made, content[kind]) if kind in content else made
 
 
 def rows():
