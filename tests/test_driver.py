@@ -111,9 +111,8 @@ def test_inputs_are_read_as_they_are_by_then():
 
     intent, params = {"species": [Changes()], "magnetism": "ferromagnetic"}, {"domain": None}
     findings = ["nothing"]
-    found = characterize(
-        step_params=params, query_intent=intent, findings=findings, query_text=Changes("x")
-    )
+    texts = {"findings": findings, "query_text": Changes("x")}
+    found = characterize(step_params=params, query_intent=intent, **texts)
     assert found["intent_magnetism"] == "nonmagnetic"
     assert found["structure_mode"] == "molecule_or_cluster"
     assert (found["formula_hint"], findings[1:]) == ("Fe", ["FeO"])
@@ -136,14 +135,10 @@ def test_what_each_stage_receives(record, query, for_mode):
     )
     params, steps = {"element": "E", "atom": {}}, {"a": {"element": "B"}, "b": {}, "c": 3}
     intent = {"correlation": " DFT+U ", "magnetism": 3, "complexity_hint": "Basic"}
-    found = characterize(
-        step_params=params,
-        query_text=query,
-        findings=iter(["a", 2]),
-        planner_manifest={"purpose": "P", "notes": {"n": 1}},
-        previous_steps_params=steps,
-        query_intent=intent,
-    )
+    inputs = {"step_params": params, "previous_steps_params": steps, "query_intent": intent}
+    manifest = {"purpose": "P", "notes": {"n": 1}}
+    inputs |= {"query_text": query, "findings": iter(["a", 2]), "planner_manifest": manifest}
+    found = characterize(**inputs)
     texts = {"structure_mode": "mode0", "combined_text": "J", "query_text": query}
     simple = {"intent_complexity": "basic"}
     assert calls == [

@@ -1,9 +1,12 @@
-"""What holds for every table: form, order, and that no entry undoes another."""
+"""What holds for every table: form, order, that no entry undoes another, and that the labelled
+requests in evaluation/ come out right."""
 
 import itertools
+import json
 import re
+import runpy
 from pathlib import Path
-from types import MappingProxyType
+from types import MappingProxyType, SimpleNamespace
 
 import pytest
 from tavik_agent.material_reference_data import common_formulas, compound_names, written_formulas
@@ -166,3 +169,36 @@ def test_correlated_insulators_stand_in_no_gap_table_for_a_small_gap():
 def test_every_table_names_its_sources():
     tables = [*Path(data.__file__).parent.glob("[!_]*.py"), Path(method_acronyms.__file__)]
     assert [t.name for t in tables if "Source" not in t.read_text(encoding="utf-8")] == []
+
+
+@pytest.fixture(autouse=True)
+def _known_tables():
+    """The module's own tables stay in place here."""
+
+
+SCORE = Path(__file__).parents[1] / "evaluation" / "score.py"
+REQUIRED = 0.99
+scoring = SimpleNamespace(**runpy.run_path(str(SCORE)))
+
+
+def test_collection_is_right(capsys):
+    files = scoring.collections()
+    result = scoring.score(request for file in files for request in scoring.read(file))
+    with capsys.disabled():
+        print("\n" + scoring.summary(result))
+    assert result.requests > 400
+    assert result.right >= REQUIRED
+    assert result.with_false_species <= 1
+
+
+def test_misses_and_false_species_are_counted(tmp_path):
+    rows = [
+        {"request": {"step": "scf", "query_text": "NiO and Si"}, "expect": {"species": ["Ni"]}},
+        {"request": {"step": "scf"}, "expect": {"species": [], "formula_hint": "Fe"}},
+    ]
+    file = tmp_path / "rows.jsonl"
+    file.write_text("\n".join(map(json.dumps, rows)), encoding="utf-8")
+    result = scoring.score(scoring.read(file))
+    misses = [(miss.field, miss.found) for miss in result.misses]
+    assert misses == [("species", ["Ni", "O", "Si"]), ("formula_hint", "")]
+    assert (result.right, result.with_false_species) == (pytest.approx(1 / 3), 50)

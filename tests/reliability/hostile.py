@@ -107,19 +107,13 @@ def calls_with(make):
                 yield name, {"step": "", parameter: places(make)[place]}
 
 
-def manganese():
-    """A request for which COMPLEX_MAGNETIC_SPECIES is read, as for none of calls.FUNCTIONS."""
-    return {"step": "", "query_text": "Mn"}
-
-
 def uses(module, make):
     """A new value in every place of every function's arguments, then under every name of the module
     while functions read it: the function, its arguments and the name."""
     for function, arguments in calls_with(make):
         yield function, arguments, None
     own = copies.names(module)
-    reading = [*calls.FUNCTIONS.items(), ("characterize_material", manganese)]
-    for name, (function, arguments) in itertools.product(own, reading):
+    for name, (function, arguments) in itertools.product(own, calls.CALLS):
         if function != name:
             setattr(module, name, make())
             yield function, arguments(), name

@@ -83,13 +83,6 @@ def held_by(module):
     return found
 
 
-def overwrite(container):
-    if isinstance(container, dict):
-        container.update(dict.fromkeys([*container, "more"], "overwritten"))
-    else:
-        (container.append if isinstance(container, list) else container.add)("overwritten")
-
-
 def test_nothing_that_records_are_made_from_can_be_changed():
     module = copies.fresh()
     requests = [{"step": ""}, calls.FUNCTIONS["characterize_material"]()]
@@ -98,7 +91,8 @@ def test_nothing_that_records_are_made_from_can_be_changed():
     expected = repr(records)
     of_records = [value for record in records for value in record.values() if type(value) is list]
     for known in [*held_by(module), *records, *of_records]:
-        overwrite(known)
+        known.clear()
+        (known.extend if isinstance(known, list) else known.update)({"overwritten": ""})
     assert repr([module.characterize_material(**request) for request in requests]) == expected
 
 

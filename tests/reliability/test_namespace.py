@@ -16,8 +16,6 @@ from unittest import mock
 import pytest
 from reliability import calls, copies, hostile
 
-TEXTS = [functools.partial(dict, step="", query_text=text) for text in ("NiO", "Mn", "iron oxide")]
-CALLS = [*calls.FUNCTIONS.items(), *(("characterize_material", text) for text in TEXTS)]
 OTHER_ANSWERS = {"_formula_hint": "", "_combined_text": "CO", "_formula_parts": [("Si", 1)]}
 
 
@@ -124,7 +122,7 @@ def test_replacement_that_puts_the_original_back(module, name):
         switch = Switch(module, name, by_binding, turn_back)
         switch.turn()
 
-    for function, arguments in CALLS:
+    for function, arguments in calls.CALLS:
         check_rebinding(module, prepare, function, arguments())
 
 
@@ -139,7 +137,7 @@ def test_names_that_others_rebind(module, name):
             stand_in = StandIn(other, vars(module)[other], lambda: False, switch.turn)
             setattr(module, other, stand_in)
 
-    for other, (function, arguments) in itertools.product({*copies.GLOBALS} - {name}, CALLS):
+    for other, (function, arguments) in itertools.product({*copies.GLOBALS} - {name}, calls.CALLS):
         check_rebinding(module, functools.partial(prepare, other=other), function, arguments())
     value = hostile.with_method(object, "__str__", lambda self: [switch.turn(), "Fe"][1])
     for function, arguments in hostile.calls_with(value):
@@ -153,7 +151,7 @@ def delete_all_but_the_others(module, name):
 
 
 def outcomes(functions):
-    return [outcome(functions, function, arguments()) for function, arguments in CALLS]
+    return [outcome(functions, function, arguments()) for function, arguments in calls.CALLS]
 
 
 @pytest.mark.parametrize("delete", [delattr, delete_all_but_the_others])
@@ -193,7 +191,7 @@ class Key(str):
 @pytest.mark.parametrize("is_rebound", [False, True])
 def test_error_of_a_key_that_is_compared_with_a_name(module, is_rebound):
     own, reached = types.SimpleNamespace(**vars(module)), set()
-    expected = [calls.call(own, function, arguments()) for function, arguments in CALLS]
+    expected = [calls.call(own, function, arguments()) for function, arguments in calls.CALLS]
     for name in copies.GLOBALS:
         key = Key("__key")
         key.name, key.comparisons_left = name, 0
@@ -201,16 +199,14 @@ def test_error_of_a_key_that_is_compared_with_a_name(module, is_rebound):
         vars(module).update({key: None} | vars(own))
         if is_rebound:
             vars(module)[name] = StandIn(name, vars(own)[name], lambda: False)
-        for (function, arguments), result in zip(CALLS, expected, strict=True):
-            for number in itertools.count(1):
-                key.comparisons_left, key.raised, caught = number, None, None
+        for (function, arguments), result in zip(calls.CALLS, expected, strict=True):
+            found, numbers = None, itertools.count(1)
+            while found is None:
+                key.comparisons_left, key.raised = next(numbers), None
                 try:
                     found = calls.call(own, function, arguments())
                 except KeyboardInterrupt as error:
-                    caught = error
-                assert caught is key.raised, (name, function)
-                if caught is None:
-                    assert found == result, (name, function)
-                    break
-                reached.add(name)
+                    found = None if error is key.raised else error
+                    reached.add(name)
+            assert (found, key.raised) == (result, None), (name, function)
     assert reached == {*copies.GLOBALS} or not is_rebound
