@@ -97,7 +97,7 @@ U = "dftu_sensitive"
 CELL = "collinear primitive cell"
 
 
-# A null as text shows that it is not read.
+# None as a text shows that it is not read.
 MAGNETISM_OF_INTENT = [
     ("Fe", None, "non-collinear", "", "noncollinear_template"),
     *(("Fe", None, f"{k}magnetic", "", "template_antiferromagnet") for k in ("antiferro", "ferri")),
