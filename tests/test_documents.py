@@ -9,20 +9,18 @@ import shlex
 import subprocess
 import sys
 from pathlib import Path
-from typing import Literal, get_args, get_origin, get_type_hints
 
 import decisions
 import pytest
 from decisions import in_code
+from reliability import properties
 from reliability.generate import REQUESTS
 
-from tavik_agent import characterization_types
 from tavik_agent import material_characterization as mc
 
 ROOT = Path(__file__).parents[1]
 README = (ROOT / "README.md").read_text(encoding="utf-8")
-HINTS = get_type_hints(characterization_types.CharacterizationRecord)
-LABELS = {key: {*get_args(hint)} for key, hint in HINTS.items() if get_origin(hint) is Literal}
+LABELS = {key: {*labels} for key, labels in properties.LABELS.items()}
 # For the labels that no request of the collection asks for.
 FURTHER_REQUESTS = [
     {"step_params": {"atom": {"xyz": "NiO.xyz"}}},

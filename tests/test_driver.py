@@ -21,7 +21,9 @@ def test_step():
 
 
 BLOCK = {"element": {"Ni": 1}}
-EARLIER = {"previous_steps_params": {"a": [BLOCK], "b": {}, 3: BLOCK, "c": {"element": 5}}}
+STEPS = collections.OrderedDict({"c": {"element": {"Cu": 1}}, "a": [BLOCK], "b": {}, 3: BLOCK})
+STEPS.move_to_end("c")
+EARLIER = {"previous_steps_params": STEPS}
 PROSE = {"query_text": "CO", "base_characterization": {"species": ["Cu"]}}
 NAMED = "user query explicitly named species {} (LLM intent)"
 
@@ -45,14 +47,6 @@ def test_first_source_of_species_wins(inputs, species, message):
     found = characterize(**inputs)
     assert found["species"] == species
     assert evidence(found, "species") == ([message.format(species)] if message else [])
-
-
-def test_earlier_steps_are_read_in_order_up_to_the_first_that_declares(record):
-    calls = record(_species_from_element_block=lambda block: ["Ni"] if block == 2 else [])
-    steps = collections.OrderedDict(c={"element": 3}, a={"element": 1}, b={"element": 2})
-    steps.move_to_end("c")
-    assert characterize(previous_steps_params=steps)["species"] == ["Ni"]
-    assert [args for _, args, _ in calls] == [(None,), (1,), (2,)]
 
 
 WROTE = "user query explicitly wrote formula {} (LLM intent)"
@@ -79,43 +73,49 @@ def test_formula_hint(intent, query, hint, message):
     assert evidence(found, "formula") == ([message.format(hint)] if message else [])
 
 
-def test_intent_is_read_by_its_own_get_in_order():
+READ = "step_params previous_steps_params planner_manifest query_intent species symbol findings \
+purpose notes element formula atom query_intent structure_description correlation magnetism \
+complexity_hint units"
+
+
+def test_inputs_are_read_by_their_own_methods_in_order():
     read = []
 
     class Watched(dict):
+        def __bool__(self):
+            read.append(self["name"])
+            return True
+
         def get(self, key, default=None):
             read.append(key)
-            return "CO" if key == "formula" else None
+            return "CO" if key == "formula" else super().get(key, default)
 
-    found = characterize(query_intent=Watched(x=1), query_text="NiO")
-    steering = ["correlation", "magnetism", "complexity_hint", "units"]
-    assert [key for key in read if key in steering] == steering
+    symbol = type("Symbol", (), {"__str__": lambda self: read.append("symbol") or "O"})
+    inputs = {name: Watched(name=name) for name in READ.split()[:4]}
+    inputs["query_intent"]["species"] = [symbol()]
+    found = characterize(findings=map(read.append, ["findings"]), query_text="O", **inputs)
+    assert read == READ.split()
     # A formula counts as the intent's, but only a key that is there replaces the heuristic.
-    assert (found["formula_hint"], found["intent_driven"]) == ("NiO", True)
+    assert (found["formula_hint"], found["intent_driven"]) == ("O", True)
 
 
 def test_inputs_are_read_as_they_are_by_then():
-    class Symbol:
+    class Changes(str):
         def __str__(self):
             intent["magnetism"], params["atom"] = "nonmagnetic", {"xyz": [1]}
             return "Fe"
 
-    intent, params = {"species": [Symbol()], "magnetism": "ferromagnetic"}, {"domain": None}
-    found = characterize(step_params=params, query_intent=intent)
+        def strip(self):
+            findings.append("FeO")  # too late: they were taken before the query is stripped
+            return ""
+
+    intent, params = {"species": [Changes()], "magnetism": "ferromagnetic"}, {"domain": None}
+    findings = ["nothing"]
+    texts = {"findings": findings, "query_text": Changes("x")}
+    found = characterize(step_params=params, query_intent=intent, **texts)
     assert found["intent_magnetism"] == "nonmagnetic"
     assert found["structure_mode"] == "molecule_or_cluster"
-
-
-@pytest.mark.parametrize(
-    ("name", "kind", "method"),
-    [("planner_manifest", dict, "get"), ("query_text", str, "strip")],
-)
-def test_findings_are_taken_as_they_are_at_first(name, kind, method):
-    findings = ["nothing"]
-    adds = type("Adds", (kind,), {method: lambda *_: findings.append("NiO") or "a"})
-    value = adds({"x": 1})
-    assert characterize(findings=findings, **{name: value})["species"] == []
-    assert "NiO" in findings
+    assert (found["formula_hint"], findings[1:]) == ("Fe", ["FeO"])
 
 
 CLASSIFIERS = "_structure_mode _structure_archetype _electronic_class _correlation_class \
@@ -135,14 +135,10 @@ def test_what_each_stage_receives(record, query, for_mode):
     )
     params, steps = {"element": "E", "atom": {}}, {"a": {"element": "B"}, "b": {}, "c": 3}
     intent = {"correlation": " DFT+U ", "magnetism": 3, "complexity_hint": "Basic"}
-    found = characterize(
-        step_params=params,
-        query_text=query,
-        findings=iter(["a", 2]),
-        planner_manifest={"purpose": "P", "notes": {"n": 1}},
-        previous_steps_params=steps,
-        query_intent=intent,
-    )
+    inputs = {"step_params": params, "previous_steps_params": steps, "query_intent": intent}
+    manifest = {"purpose": "P", "notes": {"n": 1}}
+    inputs |= {"query_text": query, "findings": iter(["a", 2]), "planner_manifest": manifest}
+    found = characterize(**inputs)
     texts = {"structure_mode": "mode0", "combined_text": "J", "query_text": query}
     simple = {"intent_complexity": "basic"}
     assert calls == [
@@ -187,9 +183,3 @@ def test_intent_driven():
         assert characterize(query_intent={key: "x"})["intent_driven"] is True
         blank = {key: " ", "units": {"energy": "eV"}, "structure_description": "2d"}
         assert characterize(query_intent=blank)["intent_driven"] is False
-
-
-def test_labels_of_no_decision_leave_no_message(record):
-    for label, family, messages in (("unknown", "other", 0), ("other", "unknown", 6)):
-        record(**dict.fromkeys(LABELS, label) | {"_material_family": family})
-        assert len(characterize(query_text="bulk 2d metal")["evidence"]) == messages

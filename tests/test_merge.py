@@ -1,7 +1,6 @@
 """The merge with an earlier characterization."""
 
 import collections
-import math
 import types
 
 import pytest
@@ -66,26 +65,23 @@ def test_evidence_accumulates_without_repeats(earlier, before):
 
 Number = type("Number", (), {"__float__": lambda self: 0.75})
 CONFIDENCES = [
-    *((value, 0.25) for value in (None, "", 0, 0.1, -1, "0.2", "-inf", [], 0.25)),
-    *((value, 0.75) for value in (0.75, "\u3000 0.75\n", Number())),
-    *((True, 1.0), (2, 2.0), ("1_0.5", 10.5), ("\u0661", 1.0), ("inf", math.inf)),
-    ("nan", pytest.approx(math.nan, nan_ok=True)),
+    *(None, "", [], 0, 0.1, -1, 0.25, "0.2", "-inf", 0.75, "\u3000 0.75\n", Number(), True, 2),
+    *("1_0.5", "\u0661", "inf", "nan", "high", "0.5 0.6", [0.5], 1j, "0.5\0", "\ud800"),
 ]
 
 
-@pytest.mark.parametrize(("earlier", "confidence"), CONFIDENCES)
-def test_confidence_never_falls(earlier, confidence):
-    found = merge({"confidence": earlier})["confidence"]
-    assert (type(found), found) == (float, confidence)
+@pytest.mark.parametrize("earlier", CONFIDENCES)
+def test_confidence_never_falls(earlier):
+    """It is the number that Python's float gives; its errors pass."""
 
+    def outcome(confidence):
+        try:
+            return repr(confidence())
+        except (TypeError, ValueError) as error:
+            return repr(error)
 
-@pytest.mark.parametrize("earlier", ["high", "0.5 0.6", [0.5], 1j, "0.5\0", "\ud800"])
-def test_confidence_that_is_refused(earlier):
-    with pytest.raises((TypeError, ValueError)) as by_python:
-        float(earlier)
-    with pytest.raises(by_python.type) as caught:
-        merge({"confidence": earlier})
-    assert str(caught.value) == str(by_python.value)
+    expected = outcome(lambda: max(float(earlier or 0), 0.25))
+    assert outcome(lambda: merge({"confidence": earlier})["confidence"]) == expected
 
 
 @pytest.mark.parametrize("base", [5, "x", [1], {1}])

@@ -1,6 +1,5 @@
 """The scanners against the patterns and keywords that define them, on chosen and made-up text."""
 
-import functools
 import re
 import sys
 
@@ -93,8 +92,8 @@ def test_parts_of_a_token():
 @pytest.mark.parametrize("nine", ["9", "\u0669", "\U0001d7ff"], ids=["ascii", "arabic", "astral"])
 @pytest.mark.parametrize("length", [18, 19, 20, 4301, 20_000])
 def test_counts_are_exact_at_any_length(request, nine, length):
-    restore = functools.partial(sys.set_int_max_str_digits, sys.get_int_max_str_digits())
-    request.addfinalizer(restore)
+    usual = sys.get_int_max_str_digits()
+    request.addfinalizer(lambda: sys.set_int_max_str_digits(usual))
     sys.set_int_max_str_digits(640)
     assert mc._formula_parts("H" + nine * length + "O") == [("H", 10**length - 1), ("O", 1)]
     assert mc._formula_parts("H" + "0" * length + nine) == [("H", 9)]
@@ -102,13 +101,8 @@ def test_counts_are_exact_at_any_length(request, nine, length):
 
 def test_symbols_are_looked_up_in_order_up_to_the_first_unknown(monkeypatch):
     asked = []
-
-    class Known:
-        def __contains__(self, symbol):
-            asked.append(symbol)
-            return symbol != "Xy"
-
-    monkeypatch.setattr(mc, "KNOWN_ELEMENT_SYMBOLS", Known())
+    contains = {"__contains__": lambda self, symbol: asked.append(symbol) or symbol != "Xy"}
+    monkeypatch.setattr(mc, "KNOWN_ELEMENT_SYMBOLS", type("Known", (), contains)())
     found = [mc._formula_parts(token) for token in ("Fe2XyO", "Fe-O", "QqQ")]
     assert found == [[], [], [("Qq", 1), ("Q", 1)]]
     assert asked == ["Fe", "Xy", "Qq", "Q"]  # none for what has not the shape of a formula

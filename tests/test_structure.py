@@ -38,9 +38,8 @@ def test_mode_from_text(atom):
 
 
 def archetype(query="", *, mode="unknown", combined="", intent=None):
-    return mc._structure_archetype(
-        structure_mode=mode, combined_text=combined, query_text=query, query_intent=intent
-    )
+    texts = {"combined_text": combined, "query_text": query}
+    return mc._structure_archetype(structure_mode=mode, query_intent=intent, **texts)
 
 
 IN_VACUUM = next(row for _, row, _ in decisions.rows("structure_archetype") if "bulk cue" in row)
@@ -58,19 +57,12 @@ def test_slab_in_vacuum(word):
         assert archetype(f"{cue}x {query}", mode="periodic_bulk") == label
 
 
-# Lowers to a text that is false but not empty.
-Silent = type("Silent", (str,), {"__bool__": lambda self: False})
-LOWERED = {"lower": lambda self: Silent("graphene")}
-Lowered = type("Lowered", (str,), LOWERED | dict.fromkeys(["__str__", "strip"], lambda self: self))
-
-
 DECIDING_TEXTS = [
     ("vacuum film of bulk, bulk ", "", "", "surface_slab"),  # the query is stripped
     ("vacuum film bulk", " x", "", "unknown"),
     ("vacuum film bulk\n", "x", "", "surface_slab"),
     ("", "", "vacuum film bulk ", "unknown"),  # the joined text is not stripped
-    ("band structure", "", "graphene", "unknown"),  # the query alone is read
-    ("", "a cell", "graphene", "unknown"),
+    *((query, intent, "graphene", "unknown") for query, intent in (("cell", ""), ("", "cell"))),
     (" \n", " \t", "Monolayer Graphene", "graphene_2d"),
     (0, None, "graphene", "graphene_2d"),
     ("sample", "tip", "", "stm_sample_tip"),
@@ -78,7 +70,6 @@ DECIDING_TEXTS = [
     ("boron ", "nitride", "", "unknown"),
     (["MXene"], 0, "", "mxene_2d"),
     (None, ["MXene"], "", "mxene_2d"),
-    (None, Lowered("x"), "", "graphene_2d"),
     ("", "", " ", "unknown"),
     *((word, "", None, "unknown") for word in ("zinc blende", "adsorption", "vacuum")),
 ]

@@ -1,5 +1,7 @@
 """A good call of every function. The arguments are made anew each time."""
 
+import functools
+
 FUNCTIONS = {
     "characterize_material": lambda: {
         "step": "relax",
@@ -33,6 +35,9 @@ FUNCTIONS = {
         | dict.fromkeys(["structure_mode", "formula_hint"], "")
     ),
 }
+# Calls that between them read every table and call every function.
+TEXTS = [functools.partial(dict, step="", query_text=text) for text in ("NiO", "Mn", "iron oxide")]
+CALLS = [*FUNCTIONS.items(), *(("characterize_material", text) for text in TEXTS)]
 
 
 def call(module, name, arguments):

@@ -34,25 +34,19 @@ WORDS = {*re.findall(r"[\w-]+", TEXT), *re.findall(r"[^\s'{}\[\]]+", TEXT)}
 
 
 def shortened(phrases):
-    """A row in five hundred, and those that may stand in the texts of the good calls."""
-    rows = enumerate(phrases.items())
-    kept = [row for number, row in rows if number % 500 == 0 or {*row[0].split()} <= WORDS]
-    return types.MappingProxyType(dict(kept))
+    """The rows that may stand in the texts of the good calls."""
+    return types.MappingProxyType({p: phrases[p] for p in phrases if {*p.split()} <= WORDS})
 
 
-SHORT_TABLES = {
-    name: shortened(getattr(reference, name))
-    for name in ("FORMULA_ALIASES", "ELEMENT_NAME_ALIASES")
-}
+PHRASE_TABLES = ("FORMULA_ALIASES", "ELEMENT_NAME_ALIASES")
+SHORT_TABLES = {name: shortened(getattr(reference, name)) for name in PHRASE_TABLES}
 SHORT_ACRONYMS = frozenset({"DFT", *sorted(acronyms.METHOD_ACRONYMS)[::500]})
 
 
 @contextlib.contextmanager
 def short_companions():
-    with (
-        mock.patch.multiple(reference, **SHORT_TABLES),
-        mock.patch.object(acronyms, "METHOD_ACRONYMS", SHORT_ACRONYMS),
-    ):
+    tables = mock.patch.multiple(reference, **SHORT_TABLES)
+    with tables, mock.patch.object(acronyms, "METHOD_ACRONYMS", SHORT_ACRONYMS):
         yield
 
 

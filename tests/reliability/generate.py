@@ -26,8 +26,8 @@ INTENT = {
     "correlation": [*get_args(kinds.IntentCorrelation), " DFT+U "],
     "magnetism": [*get_args(kinds.IntentMagnetism), "Ferromagnetic", "odd"],
     "complexity_hint": [*get_args(kinds.IntentComplexity), " Minimal", "full"],
-    "units": [{"energy": unit} for unit in ("eV", "Hartree", "electron-volts", " a.u.", "Ry")],
 }
+UNITS = ["eV", "Hartree", "electron-volts", " a.u.", "Ry"]
 ODD_TEXT = [*"\0\ud800İßﬁ\u2028_(\U0001f9ea", "Fe²", "Fe٣", "x" * 300]
 # Kinds of words and how often one is drawn.
 WORDS = [
@@ -84,7 +84,7 @@ class Generator(random.Random):
 
     def intent(self):
         drawn = {"species": self.species(), "formula": self.word()}
-        drawn |= {"structure_description": self.text(4)}
+        drawn |= {"structure_description": self.text(4), "units": {"energy": self.choice(UNITS)}}
         return self.some(0.3, drawn | {key: self.choice(words) for key, words in INTENT.items()})
 
     def base(self):

@@ -54,16 +54,10 @@ OTHER_ANSWERS = ["Fe", "\ud800\0", ["O"], None, -1, {"species": "Ni"}]
 def with_method(kind, method, body):
     """Makes a new value of that kind in each call, so that only those who were given it hold it."""
     body = property(body) if method == "__class__" else body
-    content = {
-        dict: [CONTENT],
-        Mapping: [CONTENT],
-        list: [["Fe"]],
-        set: [["Fe"]],
-        str: ["Fe2O3"],
-        Key: ["Fe2O3"],
-    }
+    content = {dict: CONTENT, Mapping: CONTENT, str: "Fe2O3", Key: "Fe2O3"}
+    content |= dict.fromkeys([list, set], ("Fe",))
     made = type("Hostile", (kind,), {"__hash__": kind.__hash__, method: body})
-    return functools.partial(made, *content.get(kind, []))
+    return functools.partial(made, content[kind]) if kind in content else made
 
 
 def rows():
@@ -113,19 +107,13 @@ def calls_with(make):
                 yield name, {"step": "", parameter: places(make)[place]}
 
 
-def manganese():
-    """A request for which COMPLEX_MAGNETIC_SPECIES is read, as for none of calls.FUNCTIONS."""
-    return {"step": "", "query_text": "Mn"}
-
-
 def uses(module, make):
     """A new value in every place of every function's arguments, then under every name of the module
     while functions read it: the function, its arguments and the name."""
     for function, arguments in calls_with(make):
         yield function, arguments, None
     own = copies.names(module)
-    reading = [*calls.FUNCTIONS.items(), ("characterize_material", manganese)]
-    for name, (function, arguments) in itertools.product(own, reading):
+    for name, (function, arguments) in itertools.product(own, calls.CALLS):
         if function != name:
             setattr(module, name, make())
             yield function, arguments(), name

@@ -11,9 +11,9 @@ from reliability import calls, copies, endurance, fuzz
 
 
 def test_random_requests_keep_every_promise():
-    checker = fuzz.Checker()
+    modules = copies.fresh(), copies.replaced()
     for seed in range(600):
-        checker.check(seed)
+        fuzz.check(seed, *modules)
 
 
 @pytest.mark.parametrize("start_failing", [endurance.only_the_nth, endurance.from_the_nth])
