@@ -254,6 +254,7 @@ def test_words_that_stand_in_a_text_thousands_of_times(words):
         ("mg (0001),", "phrase", "FORMULA_ALIASES mg (0001), SURFACE_NAMES"),
         ("uranium oxides", "phrase", "ELEMENT_NAME_ALIASES uranium oxides _plurals: The anion of"),
         ("soc", "keyword", "keyword: magnetic_class noncollinear_template"),
+        ("exfoliated", "keyword", "layered_parent_exfoliation, by exfoliat"),
         ("SOC", "acronym keyword", "METHOD_ACRONYMS SOC _THREE: Runs of two or three capitals"),
         *(
             (word, "acronym", f"METHOD_ACRONYMS {word} method_acronyms")

@@ -2,6 +2,7 @@
 
 import json
 import re
+import resource
 from pathlib import Path
 
 import pytest
@@ -172,5 +173,10 @@ def test_pages(capfd):
         text = re.sub("<[^>]*>", "", re.search("<pre.*</pre>", page, re.DOTALL)[0])
         text = text.replace("&gt;", ">").replace("&lt;", "<")
         assert "".join(text.split()) == screen
+    limits = resource.getrlimit(resource.RLIMIT_FSIZE)
+    resource.setrlimit(resource.RLIMIT_FSIZE, (100, limits[1]))
+    assert run(["explain", "NiO", "--html", "big.html"]) == 2
+    resource.setrlimit(resource.RLIMIT_FSIZE, limits)
+    assert not [*Path().glob("big*")]
     assert run(["summary", "a.jsonl", "--html", "a.jsonl"]) == 2
     assert "expected a new file, or a page to write anew" in capfd.readouterr().err

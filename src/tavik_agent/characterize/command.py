@@ -50,8 +50,10 @@ def run(words: Sequence[str]) -> int:
             return status
     except click.exceptions.Exit as done:
         return done.exit_code
-    except (InputError, click.ClickException, RecursionError) as error:
-        what = error.format_message() if isinstance(error, click.ClickException) else error
+    except (InputError, click.ClickException, RecursionError, MemoryError) as error:
+        what = str(error) or "out of memory"
+        if isinstance(error, click.ClickException):
+            what = " ".join(error.format_message().split())  # in one line
         click.echo(f"{name}: {what}", err=True)
     finally:
         _abandon_failed_output()

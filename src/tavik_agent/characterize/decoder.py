@@ -23,6 +23,7 @@ import msgspec
 from .files import InputError
 
 WRONG = re.compile(r"Expected `(.+?)(?: \| null)?`, got `(.+?)`(?: - at `(.+)`)?")
+UNKNOWN_ENTRY = "unknown entry"
 UNKNOWN = re.compile(r"Object contains unknown field `(.+)`")
 
 
@@ -77,8 +78,9 @@ def wrong_entry(
         expected, got, at = found.groups()
         what, at = f"expected {expected}, got {got}", at or "$"
     elif found := UNKNOWN.fullmatch(text):
-        what, at = f"unknown entry {found[1]!r}; expected {', '.join(hint.__struct_fields__)}", "$"
-        return InputError(place, f"{path}: {what}", kind="unknown entry")
+        known = ", ".join(hint.__struct_fields__)
+        what = f"{path}: {UNKNOWN_ENTRY} {found[1]!r}; expected {known}"
+        return InputError(place, what, kind=UNKNOWN_ENTRY)
     else:
         what, _, at = text.partition(" - at ")
         what, at = what[:1].lower() + what[1:], at.strip("`") or "$"

@@ -7,6 +7,7 @@ from tavik_agent.characterization_types import CharacterizationRecord
 
 from . import NAME
 from .batch import answer_all
+from .decoder import UNKNOWN_ENTRY
 
 
 @click.command()
@@ -46,5 +47,6 @@ def batch(source: str, target: str, resume: bool, keep: tuple[str, ...], jobs: i
     if bad := sum(reports.errors.values()):
         click.echo(f"{NAME}: {bad:,} of {done.lines:,} lines are bad", err=True)
     for kind, times in (reports.errors | reports.warnings).items():
-        click.echo(f"{times:>9,}  {kind}", err=True)
+        hint = "; --keep KEY is for entries of your own" if kind == UNKNOWN_ENTRY else ""
+        click.echo(f"{times:>9,}  {kind}{hint}", err=True)
     return 1 if bad else 0

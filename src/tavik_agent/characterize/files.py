@@ -82,9 +82,11 @@ def write_file(path: str, data: bytes) -> None:
         sys.stdout.buffer.write(data)
         return
     part = f"{path}.part"
-    with input_errors_at(part), open(part, "xb") as file:
+    with input_errors_at(part):
+        file = open(part, "xb")  # noqa: SIM115
         try:
-            file.write(data)
+            with file:
+                file.write(data)
         except BaseException:
             os.unlink(part)
             raise

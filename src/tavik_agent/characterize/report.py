@@ -65,9 +65,14 @@ def report(title: str, parts: Iterable[RenderableType], html: str | None) -> Non
     if html is None:
         show(console_for_output(), parts)
         return
-    if html != "-" and os.path.exists(html) and next(read_lines(html), b"") != _FIRST_LINE:
+    if html != "-" and os.path.exists(html) and not _is_page(html):
         raise InputError(html, "expected a new file, or a page to write anew")
     write_file(html, page(title, parts).encode("utf-8", "backslashreplace"))
+
+
+def _is_page(path: str) -> bool:
+    """A device and a pipe are none, and are not read."""
+    return os.path.isfile(path) and next(read_lines(path), b"") == _FIRST_LINE
 
 
 _FIRST_LINE = PAGE.partition("\n")[0].encode() + b"\n"

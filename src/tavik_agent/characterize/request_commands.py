@@ -7,12 +7,13 @@ from typing import Any, Literal, get_args, get_origin, get_type_hints
 
 import click
 from tavik_agent.characterization_types import EnergyUnit, QueryIntent
+from tavik_agent.material_reference_data import KNOWN_ELEMENT_SYMBOLS
 
 from tavik_agent.explanation import explain as explain_request
 
 from . import NAME, PACKAGE
 from .explain_screen import explanation_parts
-from .files import input_place, json_bytes, read_bytes, read_json
+from .files import InputError, input_place, json_bytes, read_bytes, read_json
 from .report import report
 from .request import characterize, check, decode_request, slips
 from .screen import show_record
@@ -152,19 +153,27 @@ def _arguments(
 ) -> dict[str, Any]:
     """The arguments that were typed, and no others."""
     symbols = re.findall(r"[^,\s]+", species or "")
-    if wrong := [symbol for symbol in symbols if not re.fullmatch("[A-Za-z]{1,3}", symbol)]:
+    if wrong := [symbol for symbol in symbols if symbol.capitalize() not in KNOWN_ELEMENT_SYMBOLS]:
         raise click.UsageError(f'--species: expected symbols, as "Fe,O", not {wrong[0]!r}')
-    earlier = {} if base is None else {"base_characterization": read_json(base)}
     typed = {
         "step": step,
         "step_params": {"element": [{"species": symbol} for symbol in symbols]} if symbols else {},
         "query_text": query,
         "findings": [*findings],
-        **check(earlier, input_place(base or "")),
+        "base_characterization": {} if base is None else _earlier_record(base),
         "query_intent": {key: text for key, text in intent.items() if text is not None}
         | ({"units": {"energy": units}} if units else {}),
     }
     return {name: value for name, value in typed.items() if value}
+
+
+def _earlier_record(file: str) -> dict[str, Any]:
+    record = read_json(file)
+    given = check({"base_characterization": record}, input_place(file))
+    if record and "confidence" not in record:
+        raise InputError(input_place(file), "expected a record, which has a confidence")
+    earlier: dict[str, Any] = given["base_characterization"]
+    return earlier
 
 
 def _replaced(given: dict[str, Any], typed: dict[str, Any]) -> dict[str, Any]:

@@ -50,7 +50,7 @@ def compare_runs(
 
     Answers of two lines are compared when the same entry stands in front of both (an id, from batch
     --keep id), else line by line. Texts come from batch --keep query_text or from --requests. Exit
-    status 0 when no label changed, 1 when some did.
+    status 0 when no label changed, 1 when some did or a line has no counterpart.
     """
     if [before, after, requests].count("-") > 1:
         raise click.UsageError(BOTH_STANDARD_INPUT)

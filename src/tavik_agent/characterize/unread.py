@@ -18,8 +18,8 @@ MARKS = ".,;:!?\"'"
 
 
 def unread_words(arguments: Mapping[str, Any], fields: Mapping[str, Any]) -> list[str]:
-    """Formulas, and names when no species was found; none at all when the species were stated, so
-    that the texts were not read for them."""
+    """Formulas, and names that the tables spell otherwise or, when no species was found, leave out;
+    none at all when the species were stated, so that the texts were not read for them."""
     species = fields["species"]
     if any(cause["kind"] in ("argument", "intent") for cause in species["causes"]):
         return []
@@ -31,7 +31,7 @@ def unread_words(arguments: Mapping[str, Any], fields: Mapping[str, Any]) -> lis
     )
     looks = {word: found for word in words if (found := candidates(word))}
     names = [word for word, found in looks.items() if all(map(str.islower, found))]
-    known = [] if species["label"] else [*filter(_is_known_otherwise, names[:NAMES_LOOKED_UP])]
+    known = [w for w in names[:NAMES_LOOKED_UP] if _is_known(w, or_left_out=not species["label"])]
     return [word for word in looks if word not in names or word in known]
 
 
@@ -54,9 +54,9 @@ def _words_apart(text: str, causes: list[Any]) -> Iterator[str]:
     return (word for word in "".join(characters).split() if READ not in word)
 
 
-def _is_known_otherwise(word: str) -> bool:
-    """Whether the tables leave a name out on purpose, or have it in another spelling."""
-    name = word.lower()
+def _is_known(word: str, *, or_left_out: bool) -> bool:
+    """Whether the tables have a name in another spelling, or leave it out on purpose."""
+    name = word.lower().removesuffix("s")
     answer = lookup(name)
     like = difflib.get_close_matches(name, answer["nearest"], 1, ONE_LETTER)
-    return bool(answer["left_out"] or like)
+    return bool(like or (or_left_out and answer["left_out"]))

@@ -85,12 +85,12 @@ def _readings(word: str, tables: Mapping[str, Collection[Any]]) -> Iterator[Read
 
 
 def _keywords(word: str, fields: Mapping[str, FieldExplanation]) -> Iterator[Reading]:
-    """The fields that the word decides as it stands, but for what it names."""
+    """The fields that the word decides, or a piece of it, but for what it names."""
     for field, found in fields.items():
-        if field not in NAMED and any(
-            cause["kind"] == "wording" and cause["text"] == word for cause in found["causes"]
-        ):
-            yield {"kind": "keyword", "meaning": f"{field} {found['label']}"}
+        texts = [cause["text"] for cause in found["causes"] if cause["kind"] == "wording"]
+        if texts and field not in NAMED:
+            piece = "" if word in texts else f", by {' and '.join(texts)}"
+            yield {"kind": "keyword", "meaning": f"{field} {found['label']}{piece}"}
 
 
 def _held(
