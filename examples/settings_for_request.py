@@ -35,14 +35,16 @@ class Settings(TypedDict):
 
 def settings_for(record: CharacterizationRecord) -> Settings:
     spin, moments = spin_for(record["magnetic_class"])
-    if record["explicit_spin_mode"] == "non-collinear":
-        spin = "noncollinear"
+    stated = record["explicit_spin_mode"].replace("-", "")
     correlation = record["correlation_class"]
     questions = {
         "Which elements is it made of?": not record["species"],
         "Is it magnetic?": record["magnetic_class"] == "unknown",
         "Is a Hubbard correction wanted?": correlation == "unknown",
+        "Collinear as stated, or as the magnetism suggests?": (stated, spin)
+        == ("collinear", "noncollinear"),
     }
+    spin = stated or spin
     return {
         "occupations": occupations_for(record["electronic_class"], spin),
         "spin": spin,
@@ -62,7 +64,7 @@ def occupations_for(electronic_class: ElectronicClass, spin: str) -> str:
         case "semiconductor" | "insulator" if spin == "none":
             return "fixed"
         case "semiconductor" | "insulator":  # codes refuse fixed occupations with free moments
-            return "little Gaussian smearing"
+            return "narrow Gaussian smearing"
         case _:
             assert_never(electronic_class)
 

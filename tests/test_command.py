@@ -141,6 +141,8 @@ def assert_reported(output, message):
         ("--species=Fee x", ": --species: expected symbols, as \"Fe,O\", not 'Fee'"),
         ("--base in.jsonl x", ": in.jsonl: expected a record, which has a confidence"),
         ("explain NiO --html /dev/zero", " explain: /dev/zero: expected a new file, or a page"),
+        ("explain NiO --json --html -", " explain: standard output can be only one of --json"),
+        ("batch x --keep \udcff", " batch: --keep: expected UTF-8"),
         ("schema", " schema: Missing argument '{request|intent|record}'. Choose from: request, "),
         ("bacth in.jsonl", ": no command 'bacth'; did you mean batch?"),
         ("batch x --resume", " batch: --resume goes with -o OUT"),

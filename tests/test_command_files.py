@@ -20,7 +20,7 @@ from tavik_agent import material_characterization as mc
 from tavik_agent.characterize import without_nulls
 from tavik_agent.characterize.command import run
 
-COMMAND = [sys.executable, "-m", "tavik_agent.characterize"]
+COMMAND = [sys.executable, "-P", "-m", "tavik_agent.characterize"]
 BATCH = [*COMMAND, "batch", "--keep", "id"]
 
 
@@ -158,6 +158,7 @@ def many():
 
 @pytest.mark.parametrize("suffix", OPENED)
 def test_processes_and_compression_change_nothing(suffix, many, capfd):
+    Path("numbers.py").write_text("raise SystemExit('imported from the current folder')")
     said = set()
     for jobs in ("1", "2"):
         words = [f"in.jsonl{suffix}", "-o", f"out{jobs}{suffix}", "--jobs", jobs]

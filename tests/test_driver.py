@@ -73,9 +73,10 @@ def test_formula_hint(intent, query, hint, message):
     assert evidence(found, "formula") == ([message.format(hint)] if message else [])
 
 
-READ = "step_params previous_steps_params planner_manifest query_intent species symbol findings \
-purpose notes element formula atom query_intent structure_description correlation magnetism \
-complexity_hint units"
+INPUTS = ["step_params", "previous_steps_params", "planner_manifest", "query_intent"]
+READ = [*INPUTS, "species", "symbol", "findings", "purpose", "notes", "element", "formula", "atom"]
+READ += ["query_intent", "structure_description"]
+READ += ["correlation", "magnetism", "complexity_hint", "units"]
 
 
 def test_inputs_are_read_by_their_own_methods_in_order():
@@ -91,10 +92,10 @@ def test_inputs_are_read_by_their_own_methods_in_order():
             return "CO" if key == "formula" else super().get(key, default)
 
     symbol = type("Symbol", (), {"__str__": lambda self: read.append("symbol") or "O"})
-    inputs = {name: Watched(name=name) for name in READ.split()[:4]}
+    inputs = {name: Watched(name=name) for name in INPUTS}
     inputs["query_intent"]["species"] = [symbol()]
     found = characterize(findings=map(read.append, ["findings"]), query_text="O", **inputs)
-    assert read == READ.split()
+    assert read == READ
     # A formula counts as the intent's, but only a key that is there replaces the heuristic.
     assert (found["formula_hint"], found["intent_driven"]) == ("O", True)
 

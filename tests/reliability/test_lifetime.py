@@ -115,7 +115,8 @@ def test_module_refuses_calls_while_it_is_cleared():
             del self.tokens
 
     module, end = copies.small(), EndsUpInTheModule()
-    end.module, end.tokens, module.end = module, module._NON_FORMULA_TOKENS, end
+    module.end, end.module = end, module
+    end.tokens = module._NON_FORMULA_TOKENS
     del module._NON_FORMULA_TOKENS, end  # the set is held by the module alone
     gc.collect()  # after which the module comes before its namespace
     del module

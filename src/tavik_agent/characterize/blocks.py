@@ -1,6 +1,6 @@
 """The blocks in which a file is read, answered and written: whole lines of some 256 KiB together,
 so that memory is bounded. Where a file is cut follows from its bytes alone, never from how they
-came in; but whoever writes requests to a pipe gets each answer at once.
+came in; but whoever writes requests to a pipe gets each answer at once, from one process.
 """
 
 import io

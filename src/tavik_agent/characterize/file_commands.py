@@ -1,5 +1,6 @@
 """The commands that work on files of requests and records."""
 
+import os
 from typing import get_type_hints
 
 import click
@@ -41,6 +42,8 @@ def batch(source: str, target: str, resume: bool, keep: tuple[str, ...], jobs: i
     names = {*get_type_hints(CharacterizationRecord), "error"}
     if taken := [key for key in keep if key in names]:
         raise click.UsageError(f"--keep {taken[0]}: an answer has an entry of that name")
+    if any(os.fsencode(key) != key.encode(errors="replace") for key in keep):
+        raise click.UsageError("--keep: expected UTF-8")
     keep = tuple(dict.fromkeys(keep))
     done = answer_all(source, target, keep=keep, jobs=jobs, resume=resume)
     reports = done.reports

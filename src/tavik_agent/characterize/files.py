@@ -84,14 +84,14 @@ def write_file(path: str, data: bytes) -> None:
     part = f"{path}.part"
     with input_errors_at(part):
         file = open(part, "xb")  # noqa: SIM115
-        try:
-            with file:
-                file.write(data)
-        except BaseException:
-            os.unlink(part)
-            raise
-    with input_errors_at(path):
-        os.replace(part, path)
+    try:
+        with input_errors_at(part), file:
+            file.write(data)
+        with input_errors_at(path):
+            os.replace(part, path)
+    except BaseException:
+        os.unlink(part)
+        raise
 
 
 def read_bytes(path: str) -> bytes:

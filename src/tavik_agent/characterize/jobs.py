@@ -15,9 +15,10 @@ from functools import partial
 import msgspec
 
 from .exchange import Answered, Answering, Block, Setting, received, send
-from .files import InputError
+from .files import InputError, input_errors_at
 
 WORKER = f"{__package__}.worker"
+PLACE = "a process of --jobs"
 OWN_GROUP = 0 if hasattr(os, "setpgid") else None  # Ctrl-C is for the process that asks
 
 type Process = subprocess.Popen[bytes]
@@ -26,7 +27,8 @@ type Process = subprocess.Popen[bytes]
 @contextmanager
 def processes(jobs: int, setting: Setting) -> Iterator[Answering]:
     """Starts so many processes; while they come up, the first blocks can be read."""
-    command = [sys.executable, "-m", WORKER, msgspec.json.encode(setting).decode()]
+    # Modules are found where they are found here, and not first in the current folder.
+    command = [sys.executable, "-P", "-m", WORKER, msgspec.json.encode(setting).decode()]
     with ExitStack() as started:
         yield partial(_in_turns, [started.enter_context(_process(command)) for _ in range(jobs)])
 
@@ -34,7 +36,11 @@ def processes(jobs: int, setting: Setting) -> Iterator[Answering]:
 @contextmanager
 def _process(command: Sequence[str]) -> Iterator[Process]:
     pipe = subprocess.PIPE
-    process = subprocess.Popen(command, stdin=pipe, stdout=pipe, process_group=OWN_GROUP)
+    environment = os.environ | {"PYTHONPATH": os.pathsep.join(filter(None, sys.path))}
+    with input_errors_at(PLACE):
+        process = subprocess.Popen(
+            command, stdin=pipe, stdout=pipe, env=environment, process_group=OWN_GROUP
+        )
     try:
         yield process
     finally:
@@ -75,7 +81,7 @@ def _answer_of(process: Process) -> Answered:
 
 
 def _ended(process: Process) -> InputError:
-    return InputError("a process of --jobs", f"ended with status {process.wait()}")
+    return InputError(PLACE, f"ended with status {process.wait()}")
 
 
 @contextmanager

@@ -114,6 +114,8 @@ def explain(as_json: bool, page_file: str | None, **typed: Any) -> int:
 
     What is typed replaces the same entry of the request in FILE. "-" is standard input.
     """
+    if as_json and page_file == "-":
+        raise click.UsageError("standard output can be only one of --json and --html")
     arguments, place = _request(**typed)
     characterize(arguments, place)  # reports what is wrong with the values
     explanation = explain_request(**arguments)
