@@ -152,6 +152,19 @@ def test_phrases_that_a_rule_makes(meaning, phrases):
     assert {table.get(phrase) for phrase in phrases.split("|")} == {meaning}
 
 
+# Counts that no compound has; the elements alone are read.
+@pytest.mark.parametrize(
+    "name",
+    [
+        *("iron trioxide", "cobalt trioxide", "silicon trioxide", "thorium trioxide"),
+        *("indium dioxide", "iron trisulfide", "calcium disulfide", "aluminum difluoride"),
+        *("nickel trichloride", "copper triiodide", "titanium trihydride", "platinum diboride"),
+    ],
+)
+def test_counts_that_no_compound_has(name):
+    assert name not in data.FORMULA_ALIASES
+
+
 def test_no_formula_has_two_gap_classes():
     assert not data.SEMICONDUCTOR_FORMULAS & data.INSULATOR_FORMULAS
 

@@ -17,7 +17,7 @@ from types import MappingProxyType
 from typing import Final
 
 from .compound_classes import ANION_PLURALS
-from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
+from .elements import ALL_NAMES, ANION_NAMES, DOUBLE_MEANING_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
 from .family_formulas import ELEMENTS_OF_FAMILIES
 from .ions import ION_NAMES
 from .written_forms import (
@@ -40,7 +40,6 @@ _AROUND_NAMES: Final = (
 )  # fmt: skip
 # What titanium nitride, "tin" in small letters, has as neighbours as well.
 _NOT_AROUND_TIN: Final = ("metallic {}", "pure {}", "{} cluster", "{} clusters", "{} nanowire")
-_DOUBLE_MEANING_NAMES: Final = {"lead": "Pb", "tin": "Sn", "zinc": "Zn"}
 
 # Neighbours of a symbol that is dropped as notation: V (volt, groups III-V), K (kelvin), U (Hubbard
 # U), I (the pronoun), Tc (critical temperature), and the phrases "in", "be" and their like cannot
@@ -200,7 +199,7 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
 
 
 def _contexts() -> Iterable[tuple[str, str]]:
-    for name, symbol in _DOUBLE_MEANING_NAMES.items():
+    for name, symbol in DOUBLE_MEANING_NAMES.items():
         yield from ((around.format(name), symbol) for around in _AROUND_NAMES)
         if name != "tin":
             yield from ((around.format(name), symbol) for around in _NOT_AROUND_TIN)
@@ -235,16 +234,15 @@ def _contexts() -> Iterable[tuple[str, str]]:
         for symbol in symbols.split():
             yield f"{structure} {symbol.lower()}", symbol
             yield f"{structure}-{symbol.lower()}", symbol
-    all_names = {**ELEMENT_NAMES, **_DOUBLE_MEANING_NAMES}
     for name, allotropes in _ALLOTROPES.items():
         for word in allotropes.split():
             for prefix in (word, _GREEK[word]):
-                yield f"{prefix}-{name}", all_names[name]
-                yield f"{prefix} {name}", all_names[name]
+                yield f"{prefix}-{name}", ALL_NAMES[name]
+                yield f"{prefix} {name}", ALL_NAMES[name]
     for name, states in _STATES.items():
         for state in states.split():
-            yield f"{name}({state})", all_names[name]
-            yield f"{name} ({state})", all_names[name]
+            yield f"{name}({state})", ALL_NAMES[name]
+            yield f"{name} ({state})", ALL_NAMES[name]
     yield from _SINGLE.items()
 
 
