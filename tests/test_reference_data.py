@@ -6,7 +6,12 @@ from pathlib import Path
 from types import MappingProxyType
 
 import pytest
-from tavik_agent.material_reference_data import common_formulas, compound_names, written_formulas
+from tavik_agent.material_reference_data import (
+    common_formulas,
+    compound_names,
+    family_formulas,
+    written_formulas,
+)
 from tavik_agent.method_acronyms import METHOD_ACRONYMS
 
 from tavik_agent import material_reference_data as data
@@ -141,6 +146,8 @@ MEANINGS = {
     "VTi": "vanadium-titanium|vanadium–titanium",
     "Mn": "mn2 dimer|mn3+:",
     "Eu": "eu3+|eu³⁺|eu3+-doped|yag:eu3+|eu2+/eu3+",
+    "Fe": "fepx3 (x",
+    "P": "fepx3 (x =",
     # names of elements in every spelling
     **{"Al": "aluminium|aluminum", "S": "sulfur|sulphur", "Cs": "caesium|cesium", "W": "wolfram"},
 }
@@ -150,6 +157,12 @@ MEANINGS = {
 def test_phrases_that_a_rule_makes(meaning, phrases):
     table = data.FORMULA_ALIASES | data.ELEMENT_NAME_ALIASES
     assert {table.get(phrase) for phrase in phrases.split("|")} == {meaning}
+
+
+def test_what_a_family_shares_is_no_formula_of_another_table():
+    others = (t for t, _ in compound_names.GROUPS if t is not family_formulas.FAMILY_FORMULAS)
+    known = GAPS.union(data.DFTU_SENSITIVE_FORMULAS, *(table.values() for table in others))
+    assert known & {*family_formulas.FAMILY_FORMULAS.values()} == set()
 
 
 # Counts that no compound has; the elements alone are read.
