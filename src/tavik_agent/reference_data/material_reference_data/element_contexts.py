@@ -57,10 +57,6 @@ _HYPHENS: Final = (
     "{}-containing", "{}-codoped", "{}-based",
 )  # fmt: skip
 _DROPPED: Final = (*_NOTATION, "In", "As", "Be")
-# First pieces of mixed crystals ("La2-xSrxCuO4") that the acronyms drop. As ions they come back.
-FIRST_PIECES: Final = (
-    "Mg2 Ca2 Sr2 Ba2 La2 Pr2 Nd2 Sm2 Gd2 Y2 Bi2 Sb2 La3 Ca3 Sr3 Ba3 Mn3 Sr4".split()
-)
 # Alloys named by two symbols of which one is dropped; both orders make rows.
 _ALLOYS: Final = (
     "V Ti;V Cr;V Fe;V Al;V Nb;V W;U Mo;U Zr;U Nb;U Ti;U Pu;K Na;In Sn;In Ga;In Ag;In Sb;Be Cu;"
@@ -228,8 +224,6 @@ def _contexts() -> Iterable[tuple[str, str]]:
         yield phrase, "H"
     for symbol in ("Re", "Pa", "Am"):
         yield f"{symbol.lower()}-doped", symbol
-    for ion in FIRST_PIECES:
-        yield f"{ion.lower()}+", ion[:-1]
     for structure, symbols in _STRUCTURES.items():
         for symbol in symbols.split():
             yield f"{structure} {symbol.lower()}", symbol
