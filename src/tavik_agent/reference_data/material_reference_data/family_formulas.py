@@ -12,7 +12,6 @@ Left out: letters that are elements (Y, B); spellings of other formulas (TiNX an
 like TiNx and ZrNx); and a letter explained without blanks, as in "(X=As)", which is not found.
 """
 
-import re
 from collections.abc import Iterator, Mapping
 from typing import Final
 
@@ -75,10 +74,11 @@ def _of_two() -> Iterator[tuple[str, str]]:
     holds both rows: fepx3 (x, fepx3 (x =."""
     for letter, formulas in _OF_TWO.items():
         for formula in formulas.split():
-            first, second = re.findall("[A-Z][a-z]?", _shared(formula, letter))
+            shared = _shared(formula, letter)
+            second = max(n for n, character in enumerate(shared) if character.isupper())
             explained = f"{formula.lower()} ({letter.lower()}"
-            yield explained, first
-            yield f"{explained} =", second
+            yield explained, shared[:second].rstrip("0123456789")
+            yield f"{explained} =", shared[second:].rstrip("0123456789")
 
 
 FAMILY_FORMULAS: Final[Mapping[str, str]] = first_of_each(_families())
