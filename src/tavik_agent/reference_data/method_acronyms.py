@@ -15,7 +15,8 @@ Criterion, for what the rules make:
 - such a run with a number from 17 to 29 behind it is a data set named by its year (OC20), a letter
   that stands twice before a number a method (CC3, VV10);
 - a V before an element with which vanadium forms no such compound is a vacancy (VZn, VSi);
-- an ion (Fe3+, Ti4+) is no cluster; the phrases of ions.py bring its element back;
+- an ion in a usual charge (Fe3+, Ti4+) is no cluster; the phrases of ions.py bring its element
+  back, and that of a cluster with this spelling;
 - a symbol with the count 0, or 1 before a variable, is the first piece of a fraction ("La0.7Sr0.3",
   "Li1-xCoO2"). As a formula it would make the material a metal. So would a symbol with 2 or 3
   before a variable that is no molecule ("La2-xSrxCuO4"), and two symbols with the count 0 of the
@@ -48,8 +49,7 @@ from tavik_agent.material_reference_data import (
     SEMICONDUCTOR_FORMULAS,
 )
 from tavik_agent.material_reference_data.compound_names import GROUPS
-from tavik_agent.material_reference_data.element_contexts import FIRST_PIECES
-from tavik_agent.material_reference_data.ions import NO_CLUSTERS
+from tavik_agent.material_reference_data.ions import FIRST_PIECES, IONS
 
 # Runs of one-letter symbols that are molecules, radicals, groups, or compounds without counts.
 # fmt: off
@@ -91,10 +91,10 @@ def _longer(runs: list[str]) -> list[str]:
 # Runs of two or three capitals that spell no compound are abbreviations.
 _TWO: Final = _longer([*_ONE_LETTER])
 _THREE: Final = _longer(_TWO)
-# A non-metal before a metal, or before its first letter, names no compound (BSC, FSI).
 _NON_METALS: Final = "BCFHINOPS"
 # CO and HO are carbon monoxide and hydroxyl in the formulas of molecules.
 _METALS: Final = sorted(p for p in _PAIRS - {"CO", "HO"} if {*p} <= {*_ONE_LETTER})
+# A non-metal before a metal names no compound: formulas begin with the metal (BSC, FSI).
 _ANION_FIRST: Final = [
     anion + metal
     for anion, metal in product(_NON_METALS, _METALS)
@@ -114,10 +114,15 @@ _TWICE: Final = [f"{letter}{letter}{number}" for letter in _ONE_LETTER for numbe
 # Data sets named by their year.
 _DATA_SETS: Final = [f"{run}{year}" for run in _TWO for year in range(17, 30)]
 
-# Elements whose vacancies are written with a V and that form no compound VX (VZn, VSi).
-_VACANT: Final = (
-    "LI NA RB CS MG CA SR BA LA HF ZR ZN CD HG CU AG AL GA TL SI GE SN PB BI CL BR".split()
-)
+# Vacancies, written with a V before an element with which vanadium forms no such compound (VZn).
+_VACANCIES: Final = [
+    "V" + symbol
+    for symbol in (
+        "LI NA RB CS MG CA SR BA LA HF ZR ZN CD HG CU AG AL GA TL SI GE SN PB BI CL BR".split()
+    )
+]
+# Ions (Fe3+, Ti4+) are no clusters; ions.py brings their elements back, and those of clusters.
+_IONS: Final = [ion.upper() for ion in IONS]
 # Elements whose single atoms are written with a 1 ("Pt1/MgO").
 _SINGLE_ATOMS: Final = frozenset("Pt Pd Au Ag Rh Ir Ru Os Cu Fe Co Ni".split())
 # Elements of mixed crystals, whose first piece may hold two symbols ("BaCe0.9Y0.1O3").
@@ -129,8 +134,7 @@ _IN_MIXED_CRYSTALS: Final = (
 _PIECES: Final = [
     *(f"{symbol}0".upper() for symbol in KNOWN_ELEMENT_SYMBOLS),
     *(f"{symbol}1".upper() for symbol in KNOWN_ELEMENT_SYMBOLS - _SINGLE_ATOMS),
-    *(piece.upper() for piece in (*FIRST_PIECES, *NO_CLUSTERS)),
-    *(f"V{symbol}" for symbol in _VACANT),
+    *map(str.upper, FIRST_PIECES),
     *(f"{one}{two}0" for one, two in product(_IN_MIXED_CRYSTALS, repeat=2)),
 ]
 
@@ -242,5 +246,5 @@ _RUNS: Final = filterfalse(
     _SPELT.__contains__, chain(_TWO, _THREE, _longer(_THREE), _ANION_FIRST, _PLURALS)
 )
 METHOD_ACRONYMS: Final[frozenset[str]] = frozenset(
-    chain(_RUNS, _WORDS, _DATA_SETS, _TWICE, _PIECES)
+    chain(_RUNS, _WORDS, _DATA_SETS, _TWICE, _PIECES, _IONS, _VACANCIES)
 )

@@ -10,7 +10,7 @@ Left out: plurals by themselves ("oxides"), and salts of two transition metals t
 from collections.abc import Iterable, Mapping
 from typing import Final
 
-from .elements import ANION_NAMES, ELEMENT_NAMES
+from .elements import ALL_NAMES, ANION_NAMES
 from .systematic_names import COUNTED_ANIONS, SALTS
 from .written_forms import first_of_each
 
@@ -24,10 +24,11 @@ _FORM_COMPOUNDS: Final = (
     "gold zinc cadmium boron aluminum aluminium gallium indium thallium silicon germanium "
     "tin lead bismuth sulfur nitrogen"
 ).split()
+_USUAL_CLASSES: Final = "hydride boride carbide silicide nitride oxide sulfide".split()
 _CLASSES: Final = (
-    "hydride boride carbide silicide nitride oxide sulfide sulphide phosphide arsenide selenide "
-    "telluride fluoride chloride bromide iodide"
-).split()
+    *_USUAL_CLASSES,
+    *"sulphide phosphide arsenide selenide telluride fluoride chloride bromide iodide".split(),
+)
 _FORM_FEW_CLASSES: Final = frozenset(
     "praseodymium neodymium samarium terbium dysprosium holmium erbium thulium ytterbium "
     "lutetium".split()
@@ -59,7 +60,7 @@ _THEIR_ACIDS: Final = frozenset("P Si S C N B O H Al As V Nb Mo W".split())
 def _plurals() -> Iterable[tuple[str, str]]:
     """The anion of a class of compounds; the metal has a row of its own, or gets one here."""
     for name in _FORM_COMPOUNDS:
-        for anion in _CLASSES[: 7 if name in _FORM_FEW_CLASSES else None]:
+        for anion in _USUAL_CLASSES if name in _FORM_FEW_CLASSES else _CLASSES:
             yield f"{name} {anion}s", ANION_NAMES[anion]
     for anion in _CLASSES:
         yield f"{anion}s of", ANION_NAMES[anion]
@@ -72,11 +73,15 @@ def _plurals() -> Iterable[tuple[str, str]]:
             if f"{name} {word}" not in SALTS and (not few or element in _THEIR_ACIDS):
                 yield f"{name} {word}", element
         for oxide in ("oxide", "oxides"):
-            yield f"({name} {oxide})", ELEMENT_NAMES.get(name, "Zn")
+            yield f"({name} {oxide})", ALL_NAMES[name]
     for name in ("cesium", "caesium", "methylammonium", "formamidinium", "rubidium"):
         for halide in ("halide", "halides"):
             yield f"{name} lead {halide}", "Pb"
             yield f"{name} tin {halide}", "Sn"
+    # The anion of a halide perovskite whose cation has no name of an element.
+    for halide in ("triiodide", "tri-iodide", "tribromide", "trichloride"):
+        yield from ((f"lead {halide}{mark}", "Pb") for mark in ("", ","))
+        yield f"tin {halide}", "Sn"
 
 
 ANION_PLURALS: Final[Mapping[str, str]] = first_of_each(_plurals())

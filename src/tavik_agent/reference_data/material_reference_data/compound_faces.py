@@ -54,6 +54,7 @@ FACES: Final = {
 
 
 def _faces() -> Iterator[tuple[str, str]]:
+    """A compound with a face and no blank before it: ceo2(111), tio₂(110)."""
     for formula, faces in FACES.items():
         name = formula.lower()
         frequent = formula in FREQUENT_FORMULAS

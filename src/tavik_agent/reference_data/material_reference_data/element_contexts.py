@@ -17,7 +17,7 @@ from types import MappingProxyType
 from typing import Final
 
 from .compound_classes import ANION_PLURALS
-from .elements import ANION_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
+from .elements import ALL_NAMES, ANION_NAMES, DOUBLE_MEANING_NAMES, ELEMENT_NAMES, HEAVIEST_NAMES
 from .family_formulas import ELEMENTS_OF_FAMILIES
 from .ions import ION_NAMES
 from .written_forms import (
@@ -40,7 +40,6 @@ _AROUND_NAMES: Final = (
 )  # fmt: skip
 # What titanium nitride, "tin" in small letters, has as neighbours as well.
 _NOT_AROUND_TIN: Final = ("metallic {}", "pure {}", "{} cluster", "{} clusters", "{} nanowire")
-_DOUBLE_MEANING_NAMES: Final = {"lead": "Pb", "tin": "Sn", "zinc": "Zn"}
 
 # Neighbours of a symbol that is dropped as notation: V (volt, groups III-V), K (kelvin), U (Hubbard
 # U), I (the pronoun), Tc (critical temperature), and the phrases "in", "be" and their like cannot
@@ -58,10 +57,6 @@ _HYPHENS: Final = (
     "{}-containing", "{}-codoped", "{}-based",
 )  # fmt: skip
 _DROPPED: Final = (*_NOTATION, "In", "As", "Be")
-# First pieces of mixed crystals ("La2-xSrxCuO4") that the acronyms drop. As ions they come back.
-FIRST_PIECES: Final = (
-    "Mg2 Ca2 Sr2 Ba2 La2 Pr2 Nd2 Sm2 Gd2 Y2 Bi2 Sb2 La3 Ca3 Sr3 Ba3 Mn3 Sr4".split()
-)
 # Alloys named by two symbols of which one is dropped; both orders make rows.
 _ALLOYS: Final = (
     "V Ti;V Cr;V Fe;V Al;V Nb;V W;U Mo;U Zr;U Nb;U Ti;U Pu;K Na;In Sn;In Ga;In Ag;In Sb;Be Cu;"
@@ -200,7 +195,7 @@ _SINGLE: Final[Mapping[str, str]] = MappingProxyType(
 
 
 def _contexts() -> Iterable[tuple[str, str]]:
-    for name, symbol in _DOUBLE_MEANING_NAMES.items():
+    for name, symbol in DOUBLE_MEANING_NAMES.items():
         yield from ((around.format(name), symbol) for around in _AROUND_NAMES)
         if name != "tin":
             yield from ((around.format(name), symbol) for around in _NOT_AROUND_TIN)
@@ -229,22 +224,19 @@ def _contexts() -> Iterable[tuple[str, str]]:
         yield phrase, "H"
     for symbol in ("Re", "Pa", "Am"):
         yield f"{symbol.lower()}-doped", symbol
-    for ion in FIRST_PIECES:
-        yield f"{ion.lower()}+", ion[:-1]
     for structure, symbols in _STRUCTURES.items():
         for symbol in symbols.split():
             yield f"{structure} {symbol.lower()}", symbol
             yield f"{structure}-{symbol.lower()}", symbol
-    all_names = {**ELEMENT_NAMES, **_DOUBLE_MEANING_NAMES}
     for name, allotropes in _ALLOTROPES.items():
         for word in allotropes.split():
             for prefix in (word, _GREEK[word]):
-                yield f"{prefix}-{name}", all_names[name]
-                yield f"{prefix} {name}", all_names[name]
+                yield f"{prefix}-{name}", ALL_NAMES[name]
+                yield f"{prefix} {name}", ALL_NAMES[name]
     for name, states in _STATES.items():
         for state in states.split():
-            yield f"{name}({state})", all_names[name]
-            yield f"{name} ({state})", all_names[name]
+            yield f"{name}({state})", ALL_NAMES[name]
+            yield f"{name} ({state})", ALL_NAMES[name]
     yield from _SINGLE.items()
 
 

@@ -39,8 +39,8 @@ KNOWN_ELEMENT_SYMBOLS: Final[frozenset[str]] = frozenset(
 # element_contexts.py.
 # Sources: Nomenclature of Inorganic Chemistry (IUPAC Recommendations 2005), tables of the elements;
 # IUPAC 2016 for elements 113, 115, 117 and 118.
-# Left out: "lead", "tin" and "zinc" by themselves; Latin names nobody writes (ferrum, kalium);
-# deuterium and tritium.
+# Left out: the names of two meanings below, by themselves; Latin names nobody writes (ferrum,
+# kalium); deuterium and tritium.
 # Order: the order of the rows is the order of the species, electropositive elements first, as in a
 # formula.
 ELEMENT_NAMES: Final[Mapping[str, str]] = MappingProxyType(
@@ -153,6 +153,10 @@ ELEMENT_NAMES: Final[Mapping[str, str]] = MappingProxyType(
         "radon": "Rn",
     }
 )
+
+# Names that are another word as often (to lead, titanium nitride as "tin", zinc blende).
+DOUBLE_MEANING_NAMES: Final = {"lead": "Pb", "tin": "Sn", "zinc": "Zn"}
+ALL_NAMES: Final[Mapping[str, str]] = MappingProxyType({**ELEMENT_NAMES, **DOUBLE_MEANING_NAMES})
 
 # Names of the list above that get few forms: the elements are hardly ever guests in a solid.
 HARDLY_WRITTEN: Final = frozenset(

@@ -90,7 +90,7 @@ _PARTLY: Final = {
 # Compounds with an open count of the last element: MoOx, SiNx, CeO2-x, YBa2Cu3O7-δ.
 _OPEN_END: Final = (
     "MoO WO TiO VO NbO TaO CrO MnO FeO CoO NiO CuO ZnO CeO PrO HfO ZrO AlO SiO GaO InO SnO GeO PdO "
-    "PtO RuO IrO UO YO LaO MgO AgO BiO SiN TiN NbN CN BN AlN CrN GaN ZrN HfN FeN TaN WN SiC TiC "
+    "PtO RuO IrO UO YO MgO AgO SiN TiN NbN CN BN AlN CrN GaN ZrN HfN FeN TaN WN SiC TiC "
     "MoS WS CuS FeS NiS CoS SnS MoSe FeSe CuSe PdH TiH ZrH MgH LaH NbH YH FeO LiPON SiCN SiOC "
     "NiFeO CoFeO NiCoO LiCoO LiMnO NaCoO InGaZnO SrFeO SrCoO LaNiO NdNiO LaMnO CaMnO SrTiO"
 ).split()
@@ -128,7 +128,10 @@ _BRACKETED: Final = ("0.5", "0.8", "0.7", "0.9")
 _SET_SHARES: Final = ("0.5", "0.8", "0.7")
 # What opens and closes a share or a count. One character stands without braces.
 _PLAIN, _LATEX, _LOW, _HTML = ("", ""), ("$_{", "}$"), ("_{", "}"), ("<sub>", "</sub>")
-_MARKUPS: Final = (_PLAIN, _LATEX, _HTML, _LOW)
+# The markups in which a variable share is set, by the kind of the system.
+_MARKUPS_OF_METALS: Final = (_PLAIN, _LATEX)
+_MARKUPS_OF_OXIDES: Final = (*_MARKUPS_OF_METALS, _HTML)
+_MARKUPS: Final = (*_MARKUPS_OF_OXIDES, _LOW)
 # The share of an element that fills its site in part, with the markup of the counts beside it.
 _SHARES: Final = {
     **dict.fromkeys(("x", "1-x", "1−x", "0.5", "0.75"), _PLAIN), "_x": _LOW, "_{x}": _LOW,
@@ -187,7 +190,8 @@ def _variable(system: str) -> Iterator[tuple[str, str]]:
         yield f"{start}({a}x{b}1-x){count}{end}", formula
     rest = f"{count or '1'}-x"
     of_metals, oxide = _is_of_metals(start, end, formula), _is_oxide(end)
-    for markup in _MARKUPS[: 2 if of_metals or count else 3 if oxide else 4]:
+    few = _MARKUPS_OF_METALS if of_metals or count else _MARKUPS_OF_OXIDES if oxide else _MARKUPS
+    for markup in few:
         before, behind = _in_markup(start, markup), _in_markup(end, markup)
         first, second = _set(rest, markup), _set("x", markup)
         yield f"{before}{a}{first}{b}{second}{behind}", formula
@@ -250,6 +254,7 @@ def _open_ended() -> Iterator[tuple[str, str]]:
 MIXED_CRYSTALS: Final[Mapping[str, str]] = first_of_each(
     row for system in _SYSTEMS for row in _on_site(system)
 )
+# Spellings with a variable or an open share: la1-xsrxmno3, li_xcoo_2, moox, ceo2-δ, ti3c2tx.
 OPEN_FORMULAS: Final[Mapping[str, str]] = first_of_each(
     [
         *(row for system in _SYSTEMS for row in _variable(system)),

@@ -11,7 +11,7 @@ from collections.abc import Iterator, Mapping
 from types import MappingProxyType
 from typing import Final
 
-from .elements import ELEMENT_NAMES
+from .elements import ALL_NAMES
 from .written_forms import first_of_each
 
 # Alloys of two metals in words; the formula names both.
@@ -29,12 +29,12 @@ _ALLOYS: Final = (
 
 
 def _alloys() -> Iterator[tuple[str, str]]:
-    names = {**ELEMENT_NAMES, "lead": "Pb", "tin": "Sn", "zinc": "Zn"}
+    """Both orders of the metals, with a hyphen or an en dash: nickel-titanium."""
     for alloy in _ALLOYS:
         one, two = alloy.split("-")
         for first, second in ((one, two), (two, one)):
             for dash in "-–":
-                yield f"{first}{dash}{second}", names[first] + names[second]
+                yield f"{first}{dash}{second}", ALL_NAMES[first] + ALL_NAMES[second]
 
 
 ALLOY_NAMES: Final[Mapping[str, str]] = first_of_each(_alloys())

@@ -18,6 +18,7 @@ from types import MappingProxyType
 from typing import Final
 
 from .compound_faces import COMPOUND_FACES, FACES
+from .ions import ACTIVATORS, CRYSTALS, GARNETS
 from .written_forms import before_comma, first_of_each
 
 # Names of the usual substrates and supports. They stand below every other solid: in "GaN on
@@ -84,21 +85,13 @@ _SUPPORTS: Final = (
     "TiO2 CeO2 MgO Al2O3 ZnO Fe2O3 Fe3O4 SiO2 In2O3 SnO2 NiO Co3O4 ZrO2 MoS2 SrTiO3 Cu2O CuO WO3"
 ).split()
 
-_REDUCIBLE: Final = "TiO2 CeO2 MgO ZnO Fe3O4 NiO".split()
-_UNDER_ATOMS: Final = _REDUCIBLE[:3]
+# Those on which single atoms are put, and those whose usual face is written as well.
+_UNDER_ATOMS: Final = ("TiO2", "CeO2", "MgO")
+_WITH_FACE: Final = (*_UNDER_ATOMS, "ZnO", "Fe3O4", "NiO")
 
 # Dopants that are written before silicon and germanium.
 _DOPANTS: Final = "b p as sb n al ga in c er mn fe cu au s se te o h li mg".split()
 _DOPANTS_OF_GE: Final = "b p as sb ga sn mn li n".split()
-_ACTIVATORS: Final = "ce nd eu er yb tm tb pr mn cr ti fe co".split()
-_LASER_CRYSTALS: Final = (
-    "LaBr3 Y2O3 Y2SiO5 Lu2SiO5 CaF2 BaF2 YVO4 GdVO4 Al2O3 ZnS ZnO CdS LiNbO3 SrTiO3 BaTiO3 YAlO3 "
-    "LiYF4 NaYF4 MgAl2O4 GaN ZnSe CeO2"
-).split()
-_CRYSTALS: Final = {
-    **{formula.lower(): formula for formula in _LASER_CRYSTALS},
-    "yag": "Y3Al5O12", "luag": "Lu3Al5O12", "sapphire": "Al2O3",
-}  # fmt: skip
 _BEHIND_DIAMOND: Final = "from with using and at under by on is are has gives via within".split()
 # Hosts by symbol and by name, with the words before which they are hosts.
 _HOSTS_IN: Final = "Pd Pt Cu Ag Ni Al Fe W Cr Nb Ta Zr Si Ge Mo Rh Ir".split()
@@ -112,10 +105,14 @@ _METAL_NAMES: Final = {
     "hafnium": "Hf",
 }  # fmt: skip
 _HOST_NAMES: Final = {"silicon": "Si", "germanium": "Ge", **_METAL_NAMES}
-_AS_SURFACE: Final = (
-    "surface surfaces slab slabs cluster clusters nanoparticle nanoparticles substrate electrode "
-    "electrodes film films nanocluster nanoclusters catalyst"
-).split()
+# Nouns behind a symbol or a name, and behind a name alone.
+_BEHIND_SYMBOLS: Final = (
+    "surface surfaces slab slabs cluster clusters nanoparticle nanoparticles substrate".split()
+)
+_BEHIND_NAMES: Final = (
+    *_BEHIND_SYMBOLS,
+    *"electrode electrodes film films nanocluster nanoclusters catalyst".split(),
+)
 _SURFACE_SYMBOLS: Final = "Pt Pd Cu Ag Au Ni Rh Ir Ru Fe W Mo Si Ge Al Ti Mg Zn Nb Ta Cr".split()
 _IN_STRUCTURES: Final = {
     "bcc": "Fe W Mo Nb Ta V Cr", "fcc": "Ni Cu Al Pd Pt Ag Au", "hcp": "Ti Zr Mg",
@@ -128,6 +125,7 @@ _OPEN_OXIDES: Final = {
 
 
 def _under_graphene() -> Iterator[tuple[str, str]]:
+    """Graphene and what it lies on, around a slash: graphene/ni(111)."""
     for substrate in _UNDER_GRAPHENE:
         yield f"graphene/{substrate}", "C"
         yield f"{substrate}/graphene", "C"
@@ -146,6 +144,7 @@ def _styles(solid: str, indices: str, *, rare: bool) -> Iterator[str]:
 
 
 def _faces(faces: Mapping[str, str]) -> Iterator[tuple[str, str]]:
+    """Solids with their faces, the usual ones in every style."""
     for solid, indices in faces.items():
         for number, face in enumerate(indices.split()):
             for phrase in _styles(solid, face, rare=number > (0 if solid in _SELDOM else 3)):
@@ -176,7 +175,7 @@ def _wet_supports() -> Iterator[tuple[str, str]]:
         name = solid.lower()
         for guest in (*_MOLECULES, *metals, *(atoms if solid in _UNDER_ATOMS else ())):
             yield f"{guest}/{name}", solid
-            if solid in _REDUCIBLE:
+            if solid in _WITH_FACE:
                 yield f"{guest}/{name}({FACES[solid].split()[0]})", solid
 
 
@@ -197,6 +196,7 @@ def _diamond() -> Iterator[str]:
 
 
 def _hosts() -> Iterator[tuple[str, str]]:
+    """Silicon, germanium and diamond as hosts: in si, b-doped silicon, of ge."""
     for symbol, name in (("Si", "silicon"), ("Ge", "germanium")):
         for host in (symbol.lower(), name):
             for before in ("bulk", "crystalline", "amorphous", "doped", "in", "on"):
@@ -210,21 +210,23 @@ def _hosts() -> Iterator[tuple[str, str]]:
 
 def _colon_hosts() -> Iterator[tuple[str, str]]:
     """Luminescent and laser crystals as they are written behind their dopant: ce:labr3."""
-    for name, formula in _CRYSTALS.items():
-        yield from ((f"{dopant}:{name}", formula) for dopant in _ACTIVATORS)
-    for garnet, dopant in product(("yag", "luag"), ("ce", "nd", "eu", "tb", "er", "yb", "cr")):
-        formula = _CRYSTALS[garnet]
-        yield f"{garnet}:{dopant}", formula
-        yield f"{garnet}:{dopant}3+", formula
-        yield f"{dopant}3+:{garnet}", formula
+    for name, formula in CRYSTALS.items():
+        yield from ((f"{dopant.lower()}:{name}", formula) for dopant in ACTIVATORS)
+    for (garnet, formula), (dopant, charges) in product(GARNETS.items(), ACTIVATORS.items()):
+        name = dopant.lower()
+        yield f"{garnet}:{name}", formula
+        for charge in charges.split():
+            yield f"{garnet}:{name}{charge}+", formula
+            yield f"{name}{charge}+:{garnet}", formula
 
 
 def _metal_hosts() -> Iterator[tuple[str, str]]:
+    """Elements as surfaces, particles and hosts: pt slab, gold clusters, on cu, in bcc fe."""
     for name, symbol in _HOST_NAMES.items():
-        for noun in _AS_SURFACE:
+        for noun in _BEHIND_NAMES:
             yield f"{name} {noun}", symbol
     for symbol in _SURFACE_SYMBOLS:
-        for noun in _AS_SURFACE[:9]:
+        for noun in _BEHIND_SYMBOLS:
             yield f"{symbol.lower()} {noun}", symbol
     for symbol in _HOSTS_ON:
         yield f"on {symbol.lower()}", symbol

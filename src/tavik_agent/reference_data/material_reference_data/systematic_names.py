@@ -16,7 +16,7 @@ A row here stands below the same name in another file.
 from collections.abc import Iterator, Mapping
 from typing import Final
 
-from .elements import ANION_NAMES, ELEMENT_NAMES
+from .elements import ALL_NAMES, ANION_NAMES
 from .written_forms import first_of_each
 
 _RARE_EARTHS: Final = (
@@ -24,8 +24,11 @@ _RARE_EARTHS: Final = (
     "dysprosium holmium erbium thulium ytterbium lutetium"
 )
 _3D: Final = "titanium vanadium chromium manganese iron cobalt nickel copper"
+# Elements whose trioxide has three oxygen atoms.
+_HEXAVALENT: Final = "chromium molybdenum tungsten rhenium uranium tellurium selenium"
 _EARLY: Final = "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten"
 _SULFIDES: Final = "gallium indium germanium tin lead calcium"
+_CHALCOGENIDES: Final = ("sulfide", "sulphide", "selenide", "telluride")
 _HALIDES: Final = ("fluoride", "chloride", "bromide", "iodide")
 _METALS: Final = (
     "titanium zirconium hafnium vanadium niobium tantalum chromium molybdenum tungsten manganese "
@@ -36,14 +39,16 @@ _BEYOND_TWO: Final = "aluminum aluminium gallium indium tin lead silicon germani
 _MAIN_GROUP: Final = f"{_DIVALENT_ONLY} {_BEYOND_TWO}"
 _GROUP_15: Final = "arsenic antimony bismuth"
 _ACTINIDES: Final = "thorium uranium neptunium plutonium"
-_NAMES: Final = {**ELEMENT_NAMES, "tin": "Sn", "lead": "Pb", "zinc": "Zn"}
 
 # Anions, the counts that stand before them, and the elements that form such compounds.
 _COUNTED: Final = (
-    ("hydride", "di tri", f"{_RARE_EARTHS} {_EARLY} {_ACTINIDES} magnesium calcium aluminum"),
+    ("hydride", "di", f"{_RARE_EARTHS} {_EARLY} {_ACTINIDES} magnesium calcium"),
+    ("hydride", "tri", f"{_RARE_EARTHS} {_ACTINIDES} aluminum"),
     ("hydride", "hexa ennea deca", "lanthanum cerium yttrium calcium thorium magnesium lutetium"),
-    ("boride", "di", f"{_METALS} magnesium aluminum yttrium uranium"),
-    ("boride", "mono tetra", "vanadium chromium manganese iron cobalt nickel tungsten"),
+    ("boride", "di", f"{_EARLY} manganese rhenium ruthenium osmium iron magnesium aluminum yttrium "
+     "uranium"),
+    ("boride", "mono", "vanadium chromium manganese iron cobalt nickel tungsten"),
+    ("boride", "tetra", "chromium manganese iron tungsten"),
     ("boride", "hexa dodeca", f"{_RARE_EARTHS} zirconium calcium strontium barium uranium"),
     ("carbide", "mono di", f"{_EARLY} yttrium lanthanum calcium {_ACTINIDES}"),
     ("nitride", "mono di", f"{_EARLY} rhenium osmium platinum gadolinium uranium plutonium"),
@@ -54,17 +59,26 @@ _COUNTED: Final = (
     ("arsenide", "mono di", f"{_EARLY} iron cobalt nickel platinum zinc cadmium"),
     ("antimonide", "mono di", "iron cobalt nickel niobium chromium"),
     ("antimonide", "tri", "cobalt rhodium iridium"),
-    ("oxide", "mono di tri", f"{_METALS} {_BEYOND_TWO} {_GROUP_15} {_ACTINIDES}"),
-    ("oxide", "mono di", _DIVALENT_ONLY),
-    ("oxide", "di tri", "cerium praseodymium terbium tellurium selenium boron yttrium lanthanum"),
-    *((anion, "di tri", f"{_METALS} {_GROUP_15} {_SULFIDES} uranium lanthanum samarium "
-       "europium gadolinium") for anion in ("sulfide", "sulphide", "selenide", "telluride")),
+    ("oxide", "mono", f"{_METALS} {_DIVALENT_ONLY} {_BEYOND_TWO} {_GROUP_15} {_ACTINIDES}"),
+    ("oxide", "di", f"{_METALS} {_ACTINIDES} tin lead silicon germanium antimony bismuth cerium "
+     "praseodymium terbium tellurium selenium magnesium calcium strontium barium zinc cadmium "
+     "mercury"),
+    ("oxide", "tri", f"{_HEXAVALENT} {_GROUP_15} aluminum aluminium gallium indium cerium "
+     "praseodymium terbium boron yttrium lanthanum"),
+    *((anion, "di", f"{_METALS} bismuth germanium tin lead uranium lanthanum samarium gadolinium")
+      for anion in _CHALCOGENIDES),
+    *((anion, "tri", f"titanium zirconium hafnium niobium tantalum molybdenum tungsten gallium "
+       f"indium {_GROUP_15} uranium") for anion in _CHALCOGENIDES),
     *((anion, "mono", f"{_SULFIDES} {_3D} uranium samarium europium") for anion in
-      ("sulfide", "sulphide", "selenide", "telluride")),
-    ("telluride", "tri", "cerium lanthanum terbium dysprosium neodymium holmium"),
+      _CHALCOGENIDES),
+    ("telluride", "tri", "cerium lanthanum neodymium samarium gadolinium terbium "
+     "dysprosium holmium chromium"),
     ("telluride", "penta", "zirconium hafnium"),
-    *((anion, "di tri", f"{_3D} {_BEYOND_TWO} {_GROUP_15} ruthenium molybdenum niobium europium "
+    *((anion, "di", f"{_3D} gallium indium tin lead silicon germanium molybdenum europium "
        "palladium platinum") for anion in _HALIDES),
+    *((anion, "tri", "titanium vanadium chromium iron aluminum aluminium gallium indium "
+       f"{_GROUP_15} ruthenium molybdenum niobium") for anion in _HALIDES),
+    ("fluoride", "tri", "manganese cobalt nickel palladium"),
     *((anion, "di", _DIVALENT_ONLY) for anion in _HALIDES),
     *((anion, "tri", f"{_RARE_EARTHS} {_ACTINIDES} boron") for anion in _HALIDES),
     *((anion, "tetra", f"{_EARLY} {_ACTINIDES} silicon germanium tin") for anion in _HALIDES),
@@ -76,7 +90,7 @@ _COUNTS: Final = {
 }  # fmt: skip
 _CHALCOGENS: Final = ("O", "S", "Se", "Te")
 _TWO_OF_THREE: Final = ("B", "Al", "Ga", "In", "As", "Sb", "Bi")
-_TRIVALENT_SYMBOLS: Final = frozenset(_NAMES[name] for name in _RARE_EARTHS.split())
+_TRIVALENT_SYMBOLS: Final = frozenset(ALL_NAMES[name] for name in _RARE_EARTHS.split())
 
 # Oxides with the vowel dropped, and the sesqui compounds.
 _PENTOXIDES: Final = "vanadium niobium tantalum arsenic antimony phosphorus bismuth protactinium"
@@ -162,26 +176,28 @@ def _with_prefix(prefix: str, anion: str) -> str:
 
 
 def _counted() -> Iterator[tuple[str, str]]:
+    """Elements and counted anions: lutetium trihydride, tantalum pentoxide, iron sesquioxide."""
     for anion, prefixes, elements in _COUNTED:
         for name in elements.split():
             for prefix in prefixes.split():
-                formula = _formula(_NAMES[name], ANION_NAMES[anion], _COUNTS[prefix])
+                formula = _formula(ALL_NAMES[name], ANION_NAMES[anion], _COUNTS[prefix])
                 yield f"{name} {_with_prefix(prefix, anion)}", formula
                 if anion == "iodide" and prefix in ("di", "tri"):
                     yield f"{name} {prefix}-iodide", formula
     for name in _PENTOXIDES.split():
-        yield f"{name} pentoxide", f"{_NAMES[name]}2O5"
+        yield f"{name} pentoxide", f"{ALL_NAMES[name]}2O5"
     for name in _TETROXIDES.split():
-        yield f"{name} tetroxide", f"{_NAMES[name]}O4"
+        yield f"{name} tetroxide", f"{ALL_NAMES[name]}O4"
     for name in f"{_RARE_EARTHS} {_SESQUI}".split():
-        yield f"{name} sesquioxide", f"{_NAMES[name]}2O3"
-        yield f"{name} sesquisulfide", f"{_NAMES[name]}2S3"
+        yield f"{name} sesquioxide", f"{ALL_NAMES[name]}2O3"
+        yield f"{name} sesquisulfide", f"{ALL_NAMES[name]}2S3"
 
 
 def _salts() -> Iterator[tuple[str, str]]:
+    """Metals and oxo anions with one common compound: nickel ferrite."""
     for anion, pattern, metals in _SALTS:
         for name in metals.split():
-            yield f"{name} {anion}", _NAMES[name] + pattern[1:]
+            yield f"{name} {anion}", ALL_NAMES[name] + pattern[1:]
 
 
 # Anions with their counts, as the second word of a name has them.

@@ -138,8 +138,7 @@ def in_forms(
     for table, forms in tables:
         for phrase, value in table.items():
             for form in forms(phrase):
-                if form not in together:
-                    together[form] = value
+                together.setdefault(form, value)
     return MappingProxyType(together)
 
 
