@@ -42,6 +42,7 @@ class PrivateModule:
             if getattr(value, "__self__", None) is self._module
         }
         self._bound: dict[str, Any] = {}
+        self._now: dict[str, Callable[..., Any]] = {}
         self._replaced: Mapping[str, Callable[..., Any]] = {}
         self.lock = threading.RLock()
         self.notes = Notes()
@@ -57,19 +58,20 @@ class PrivateModule:
 
     def _passing_on(self, name: str) -> Callable[..., Any]:
         def function(*given: Any, **named: Any) -> Any:
-            called = self._replaced.get(name) or self.function(name)
-            return called(*given, **named)
+            return (self._replaced.get(name) or self._now[name])(*given, **named)
 
         return function
 
     def function(self, name: str) -> Callable[..., Any]:
-        """The function of that name: the module's own, or what stands for it in the one in use."""
-        own: Callable[..., Any] = self._functions[name]
-        value: Any = vars(in_use).get(name, own)
-        return own if getattr(value, "__self__", None) is in_use else value
+        """The function of that name: the module's own, or what stood for it in the one in use when
+        that was followed."""
+        return self._now[name]
 
     def follow(self) -> None:
-        """Binds the tables and reference functions that the module in use has now."""
+        """Binds the functions and tables that the module in use has now."""
+        for name, own in self._functions.items():
+            value = vars(in_use).get(name, own)
+            self._now[name] = own if getattr(value, "__self__", None) is in_use else value
         for name in CALLED_BY_OTHERS:
             setattr(self._module, name, self.function(name))
         for name, own in self._own.items():

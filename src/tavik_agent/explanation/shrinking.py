@@ -12,10 +12,12 @@ from .document import Document, Piece
 type Test = Callable[[list[str]], bool]
 FIRST_STEP = 16
 WIDER = 64
+REMEMBERED = 100  # characters; longer texts hardly come twice
 
 
 def deciding_pieces(document: Document, test: Test) -> list[Piece]:
     """All pieces that have a part in the test's being true; they are blanked in the document."""
+    test = _remembered(test)
     found: list[Piece] = []
     at = 0
     while True:
@@ -36,6 +38,20 @@ def deciding_pieces(document: Document, test: Test) -> list[Piece]:
         document.blank(pieces)
         found += pieces
     return sorted(found)
+
+
+def _remembered(test: Test) -> Test:
+    """The test, asked once of short texts that read the same."""
+    answers: dict[tuple[str, ...], bool] = {}
+
+    def remembered(texts: list[str]) -> bool:
+        if sum(map(len, texts)) > REMEMBERED:
+            return test(texts)
+        if (key := (*texts,)) not in answers:
+            answers[key] = test(texts)
+        return answers[key]
+
+    return remembered
 
 
 def _next_pieces(document: Document, test: Test, at: int) -> list[Piece]:
@@ -161,17 +177,11 @@ def _same_elsewhere(
     document: Document, test: Test, pieces: list[Piece], wide: list[Piece], n: int
 ) -> list[Piece]:
     """The other places at which the characters of one of the pieces decide in its stead, with what
-    touches them as wide as around it. What reads the same is tested once."""
-    tested: dict[tuple[str, ...], bool] = {}
-
-    def holds(texts: list[str]) -> bool:
-        if (key := (*texts,)) not in tested:
-            tested[key] = test(texts)
-        return tested[key]
+    touches them as wide as around it."""
 
     def decides(place: Piece) -> bool:
         around = Piece(max(place.start - before, 0), min(place.end + after, len(document)))
-        return holds(document.only([*wide[:n], around, *wide[n + 1 :]])) and holds(
+        return test(document.only([*wide[:n], around, *wide[n + 1 :]])) and test(
             document.only([*pieces[:n], place, *pieces[n + 1 :]], guard="")
         )
 
@@ -182,23 +192,28 @@ def _same_elsewhere(
 
 
 def _with_alternatives(document: Document, test: Test, wide: list[Piece]) -> list[Piece]:
-    """Pieces that decide together, with those that can stand for one of them."""
+    """Pieces that decide together, with those that can stand for one of them, and those that decide
+    alone, which stay blanked, since they have to be to find the others."""
     groups = _groups(document, test, wide)
+    known = {piece for group in groups for piece in group}
     for group in groups:
         hidden = list(group)
         document.blank(hidden)
-        while test(document.whole()):
-            others = _groups(document, test, _next_pieces(document, test, 0))
-            known = {piece for found in groups for piece in found}
+        at = 0
+        while next_wide := _next_pieces(document, test, at) or _next_pieces(document, test, 0):
+            others = _groups(document, test, next_wide)
             new = [other for other in others if other[0] not in known]
             if not new:
                 break
-            groups += new
+            at = new[0][0].end
             fresh = [piece for other in new for piece in other]
-            hidden += fresh
+            known.update(fresh)
             document.blank(fresh)
+            if len(others) > 1:
+                groups += new
+                hidden += fresh
         document.restore(hidden)
-    return sorted({piece for group in groups for piece in group})
+    return sorted(known)
 
 
 def _groups(document: Document, test: Test, wide: list[Piece]) -> list[list[Piece]]:
