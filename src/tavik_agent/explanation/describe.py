@@ -67,17 +67,17 @@ def _wordings(piece: Piece, document: Document) -> list[Cause]:
 
 
 def _meaning(text: str, field: str, label: Any, trials: Trials) -> Cause:
-    """What a name or a formula stands for, and the row that says so when there is one."""
+    """What a name or a formula stands for, and the row that says so when there is one: a formula
+    before an element."""
     module = trials.module
     meaning: dict[str, Any] = {"formula": label}
     if field == "species":
         meaning = {"symbols": module.function("_species_from_text")(text)}
     row = text.lower()
-    for name, table in module.tables().items():
-        if not isinstance(table, Mapping) or row not in table:
-            continue
-        if field == "species" or table[row] == label:
-            meaning |= {"table": name, "entry": row, **source_of(name, row)}
-            break
+    tables = [(n, t) for n, t in module.tables().items() if isinstance(t, Mapping) and row in t]
+    names = {n: str(t[row]) for n, t in tables if field == "species" or t[row] == label}
+    if names:
+        name = max(names, key=lambda name: len(names[name]))
+        meaning |= {"table": name, "entry": row, **source_of(name, row)}
     found: Cause = meaning  # type: ignore[assignment]
     return found
