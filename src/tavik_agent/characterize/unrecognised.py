@@ -6,31 +6,41 @@ import re
 import unicodedata
 from collections import Counter
 from collections.abc import Iterator
+from itertools import accumulate
 
 from tavik_agent.material_reference_data import KNOWN_ELEMENT_SYMBOLS
 from tavik_agent.method_acronyms import METHOD_ACRONYMS
 
 # What LaTeX and HTML put around a subscript.
 MARKUP = re.compile(r"</?su[bp]>|\\(?:mathrm|text|rm|ce)\b\s*|[${}_\\]")
+MARKS = ".,;:!?\"'"
+OPENING, CLOSING = frozenset("(["), frozenset(")]")
 WORD = re.compile(r"[\w()\[\].]+")
 SYMBOL = "|".join(sorted(KNOWN_ELEMENT_SYMBOLS, key=len, reverse=True))
 SYMBOLS = re.compile(rf"(?:[(\[]*(?:{SYMBOL})[\d.)\]]*)+")
 SYMBOL_OF_TWO_LETTERS = re.compile("|".join(s for s in SYMBOL.split("|") if len(s) == 2))
+# What is none: a Hubbard U as in U_Co and U_{Co-3d}, a defect as in Mg_Ga, a pressure.
+NO_MATERIAL = re.compile(
+    rf"\bU_[^\s,;)]*|\b(?:{SYMBOL})_\{{?(?:{SYMBOL})\b(?!_)|(?<![\w.])\d[\d.]*[kMGT]?(?:Pa|bar)\b"
+)
 # perovskite, dihalide, titanate, borophene, silicane, olivine, lawrencium, their plurals
 NAME = re.compile(r"[a-z]{3,}(?:it|id|at|en|an|in)es?|[a-z]{3,}iums?")
 
 
 def candidates(text: str) -> set[str]:
     """Formulas as they are written, names in small letters; without markup."""
-    plain = MARKUP.sub("", unicodedata.normalize("NFKC", text))
-    return {found for word in WORD.findall(plain) for found in _candidate(_bare(word))}
+    plain = MARKUP.sub("", NO_MATERIAL.sub(" ", unicodedata.normalize("NFKC", text)))
+    return {found for word in WORD.findall(plain) for found in _candidate(bare(word))}
 
 
-def _bare(word: str) -> str:
-    """The word without the brackets and the full stop of its sentence; (CH3)2CO keeps its own."""
-    word = word.strip(".")
-    if word.count("(") != word.count(")") or (word.startswith("(") and word.endswith(")")):
-        return word.strip("()")
+def bare(word: str) -> str:
+    """The word without the marks and brackets of its sentence; (CH3)2CO keeps its own."""
+    word = word.strip(MARKS)
+    depths = [*accumulate((c in OPENING) - (c in CLOSING) for c in word)]
+    if word[:1] in OPENING and 0 not in depths[:-1]:
+        return bare(word[1:-1] if depths[-1] == 0 else word[1:])
+    if word[-1:] in CLOSING and depths[-1] < 0:
+        return bare(word[:-1])
     return word
 
 
