@@ -6,7 +6,6 @@ import re
 import unicodedata
 from collections import Counter
 from collections.abc import Iterator
-from itertools import accumulate
 
 from tavik_agent.material_reference_data import KNOWN_ELEMENT_SYMBOLS
 from tavik_agent.method_acronyms import METHOD_ACRONYMS
@@ -14,7 +13,7 @@ from tavik_agent.method_acronyms import METHOD_ACRONYMS
 # What LaTeX and HTML put around a subscript.
 MARKUP = re.compile(r"</?su[bp]>|\\(?:mathrm|text|rm|ce)\b\s*|[${}_\\]")
 MARKS = ".,;:!?\"'"
-OPENING, CLOSING = frozenset("(["), frozenset(")]")
+OPENING, CLOSING = "([", ")]"
 WORD = re.compile(r"[\w()\[\].]+")
 SYMBOL = "|".join(sorted(KNOWN_ELEMENT_SYMBOLS, key=len, reverse=True))
 SYMBOLS = re.compile(rf"(?:[(\[]*(?:{SYMBOL})[\d.)\]]*)+")
@@ -35,13 +34,32 @@ def candidates(text: str) -> set[str]:
 
 def bare(word: str) -> str:
     """The word without the marks and brackets of its sentence; (CH3)2CO keeps its own."""
-    word = word.strip(MARKS)
-    depths = [*accumulate((c in OPENING) - (c in CLOSING) for c in word)]
-    if word[:1] in OPENING and 0 not in depths[:-1]:
-        return bare(word[1:-1] if depths[-1] == 0 else word[1:])
-    if word[-1:] in CLOSING and depths[-1] < 0:
-        return bare(word[:-1])
-    return word
+    partners = _bracket_partners(word)
+    start, end = 0, len(word)
+    while start < end:
+        first, last = word[start], word[end - 1]
+        if first in MARKS or (first in OPENING and start not in partners):
+            start += 1
+        elif last in MARKS or (last in CLOSING and end - 1 not in partners):
+            end -= 1
+        elif partners.get(start) == end - 1:
+            start, end = start + 1, end - 1
+        else:
+            break
+    return word[start:end]
+
+
+def _bracket_partners(word: str) -> dict[int, int]:
+    """Where each bracket is closed, and where each was opened, but for those without a partner."""
+    partners: dict[int, int] = {}
+    opened: list[int] = []
+    for n, character in enumerate(word):
+        if character in OPENING:
+            opened.append(n)
+        elif character in CLOSING and opened:
+            partners[n] = opened.pop()
+            partners[partners[n]] = n
+    return partners
 
 
 def _candidate(word: str) -> Iterator[str]:

@@ -147,14 +147,16 @@ class Document:
 
     def _in_texts(self, pieces: Iterable[Piece]) -> list[tuple[int, int, int]]:
         found = []
-        for piece in pieces:
-            for n in range(bisect_right(self._starts, piece.start) - 1, len(self._given)):
-                first = self._starts[n]
-                if first >= piece.end:
-                    break
-                start, end = max(piece.start, first), min(piece.end, self._starts[n + 1])
-                if start < end:
-                    found.append((n, start - first, end - first))
+        starts = self._starts
+        for start, end in pieces:
+            n = bisect_right(starts, start) - 1
+            while start < end:
+                first = starts[n]
+                n += 1
+                until = min(end, starts[n])
+                if start < until:
+                    found.append((n - 1, start - first, until - first))
+                    start = until
         return found
 
 

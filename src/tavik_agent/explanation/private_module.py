@@ -19,6 +19,7 @@ from .notes import NotedFunction, NotedTable, Notes
 OF_THE_SCAN = ("KNOWN_ELEMENT_SYMBOLS", "_NON_FORMULA_TOKENS", "METHOD_ACRONYMS")
 # Called by other functions than the driver; a trial has no reason to replace them.
 CALLED_BY_OTHERS = ("_formula_parts",)
+NO_LABELS: Mapping[str, Any] = {}
 
 
 class PrivateModule:
@@ -44,6 +45,7 @@ class PrivateModule:
         self._bound: dict[str, Any] = {}
         self._now: dict[str, Callable[..., Any]] = {}
         self._replaced: Mapping[str, Callable[..., Any]] = {}
+        self._labels: Mapping[str, Any] = {}
         self.lock = threading.RLock()
         self.notes = Notes()
         self.parameters = {
@@ -58,6 +60,8 @@ class PrivateModule:
 
     def _passing_on(self, name: str) -> Callable[..., Any]:
         def function(*given: Any, **named: Any) -> Any:
+            if name in self._labels:
+                return self._labels[name]
             return (self._replaced.get(name) or self._now[name])(*given, **named)
 
         return function
@@ -97,14 +101,17 @@ class PrivateModule:
         return self._characterize(**arguments)
 
     @contextmanager
-    def replaced(self, functions: Mapping[str, Callable[..., Any]]) -> Iterator[None]:
-        """Lets calls from one function of the module to another reach these instead."""
-        before = self._replaced
-        self._replaced = functions
+    def replaced(
+        self, functions: Mapping[str, Callable[..., Any]], labels: Mapping[str, Any] = NO_LABELS
+    ) -> Iterator[None]:
+        """Lets calls from one function of the module to another reach these instead, or be answered
+        by these labels."""
+        before = self._replaced, self._labels
+        self._replaced, self._labels = functions, labels
         try:
             yield
         finally:
-            self._replaced = before
+            self._replaced, self._labels = before
 
 
 @cache

@@ -12,6 +12,7 @@ from .document import Document, Piece
 type Test = Callable[[list[str]], bool]
 FIRST_STEP = 16
 WIDER = 64
+MARKS = re.compile(r"[\W_]*")
 REMEMBERED = 100  # characters; longer texts hardly come twice
 
 
@@ -59,8 +60,9 @@ def _next_pieces(document: Document, test: Test, at: int) -> list[Piece]:
     end = _least(at, len(document), lambda end: test(document.only([Piece(at, end)])))
     if end is None:
         return []
-    back = _least(0, end - at, lambda size: test(document.only([Piece(end - size, end)])))
-    pieces = _needed(document, test, Piece(end - (back or end - at), end))
+    size = end - at
+    back = _bisected(0, size, lambda size: test(document.only([Piece(end - size, end)])))
+    pieces = _needed(document, test, Piece(end - back, end))
     if len(pieces) > 1:
         for n in range(len(pieces)):
             pieces[n] = _narrowed(document, test, pieces, n)
@@ -76,7 +78,11 @@ def _least(low: int, high: int, holds: Callable[[int], bool]) -> int | None:
             return None
         low += step
         step *= 2
-    high = min(low + step, high)
+    return _bisected(low, min(low + step, high), holds)
+
+
+def _bisected(low: int, high: int, holds: Callable[[int], bool]) -> int:
+    """The least number above low for which it holds, as it does for high."""
     while high - low > 1:
         middle = (low + high) // 2
         if holds(middle):
@@ -104,7 +110,7 @@ def _needed(document: Document, test: Test, piece: Piece) -> list[Piece]:
             else:
                 n += size
         size //= 2
-    if test(document.only(words)):
+    if words == [piece] or test(document.only(words)):
         return words
     return list(_joined(document, words or [piece]))
 
@@ -145,9 +151,8 @@ def _trimmed(document: Document, test: Test, pieces: list[Piece]) -> list[Piece]
 def _without_marks(document: Document, test: Test, pieces: list[Piece], n: int) -> Piece:
     """A piece without the blanks and marks around it, when it decides between blanks as well."""
     text = document.text(pieces[n])
-    marks = re.compile(r"[\W_]*")
-    left = marks.match(text)
-    right = marks.match(text[::-1])
+    left = MARKS.match(text)
+    right = MARKS.match(text[::-1])
     start, end = pieces[n]
     cuts = (left.end() if left else 0, right.end() if right else 0)
     blanks = (len(text) - len(text.lstrip()), len(text) - len(text.rstrip()))
