@@ -3,18 +3,20 @@ missing has its reason on the screen."""
 
 import difflib
 from collections.abc import Iterator, Mapping
+from functools import cache
 from typing import Any
 
-from tavik_agent.explanation import lookup
+from tavik_agent.material_reference_data import ELEMENT_NAME_ALIASES, FORMULA_ALIASES
+
+from tavik_agent.explanation.spellings import left_out
 
 from .terminal import written
-from .unrecognised import candidates
+from .unrecognised import NAME, bare, candidates
 
 NAMED = ("species", "formula_hint")
-ONE_LETTER = 0.9  # the likeness of "galium" and "gallium"
-NAMES_LOOKED_UP = 10  # of each request, 20 ms each
+ONE_SLIP = 0.9  # how like a name and its misspelling are at least, as gallium and galium
+NAMES_LOOKED_UP = 10  # of each request, for its screen to stay prompt
 READ = "\0"
-MARKS = ".,;:!?\"'"
 
 
 def unread_words(arguments: Mapping[str, Any], fields: Mapping[str, Any]) -> list[str]:
@@ -25,13 +27,18 @@ def unread_words(arguments: Mapping[str, Any], fields: Mapping[str, Any]) -> lis
         return []
     causes = [cause for field in NAMED for cause in fields[field]["causes"] if "start" in cause]
     words = dict.fromkeys(
-        word.strip(MARKS)
+        bare(word)
         for where, text in _texts(arguments)
         for word in _words_apart(text, [c for c in causes if c["where"] == where])
     )
     looks = {word: found for word in words if (found := candidates(word))}
     names = [word for word, found in looks.items() if all(map(str.islower, found))]
-    known = [w for w in names[:NAMES_LOOKED_UP] if _is_known(w, or_left_out=not species["label"])]
+    is_named = bool(species["label"])
+    known = [
+        word
+        for word in names[:NAMES_LOOKED_UP]
+        if _is_misspelt(word.lower()) or (not is_named and left_out(_singular(word)))
+    ]
     return [word for word in looks if word not in names or word in known]
 
 
@@ -54,9 +61,19 @@ def _words_apart(text: str, causes: list[Any]) -> Iterator[str]:
     return (word for word in "".join(characters).split() if READ not in word)
 
 
-def _is_known(word: str, *, or_left_out: bool) -> bool:
-    """Whether the tables have a name in another spelling, or leave it out on purpose."""
-    name = word.lower().removesuffix("s")
-    answer = lookup(name)
-    like = difflib.get_close_matches(name, answer["nearest"], 1, ONE_LETTER)
-    return bool(like or (or_left_out and answer["left_out"]))
+def _singular(name: str) -> str:
+    return name.lower().removesuffix("s")
+
+
+def _is_misspelt(name: str) -> bool:
+    """Whether it is no word of the tables' names, but like one."""
+    known = _words_of_names()
+    if known & {name, _singular(name)}:
+        return False
+    return bool(difflib.get_close_matches(_singular(name), known, 1, ONE_SLIP))
+
+
+@cache
+def _words_of_names() -> frozenset[str]:
+    phrases = (*FORMULA_ALIASES, *ELEMENT_NAME_ALIASES)
+    return frozenset(filter(NAME.fullmatch, {word for p in phrases for word in p.split()}))

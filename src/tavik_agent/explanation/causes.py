@@ -50,7 +50,7 @@ def _deciding(
     """The rule that decided now: the questions answered yes that it needs, and whether it needs the
     text. Where both would do alone, the last question tells which came first."""
     texts = document.whole()
-    nothing = [""] * len(texts)
+    nothing = ["", ""]
     kept = trials.notes.yes()
     text_first = not trials.is_by_driver and not trials.notes.ended_with_yes()
 

@@ -15,7 +15,8 @@ from .trials import Trials
 def described(
     found: list[Question | Piece], field: str, label: Any, trials: Trials, document: Document
 ) -> list[Cause]:
-    meaning = cache(lambda text: _meaning(text, field, label, trials))
+    tables = {n: t for n, t in trials.module.tables().items() if isinstance(t, Mapping)}
+    meaning = cache(lambda text: _meaning(text, field, label, trials, tables))
     causes: list[Cause] = []
     for cause in found:
         if isinstance(cause, Piece):
@@ -66,18 +67,19 @@ def _wordings(piece: Piece, document: Document) -> list[Cause]:
     return causes
 
 
-def _meaning(text: str, field: str, label: Any, trials: Trials) -> Cause:
-    """What a name or a formula stands for, and the row that says so when there is one."""
-    module = trials.module
+def _meaning(
+    text: str, field: str, label: Any, trials: Trials, tables: Mapping[str, Mapping[str, Any]]
+) -> Cause:
+    """What a name or a formula stands for, and the row that says so when there is one: a formula
+    before an element."""
     meaning: dict[str, Any] = {"formula": label}
     if field == "species":
-        meaning = {"symbols": module.function("_species_from_text")(text)}
+        meaning = {"symbols": trials.module.function("_species_from_text")(text)}
     row = text.lower()
-    for name, table in module.tables().items():
-        if not isinstance(table, Mapping) or row not in table:
-            continue
-        if field == "species" or table[row] == label:
-            meaning |= {"table": name, "entry": row, **source_of(name, row)}
-            break
+    held = ((name, table[row]) for name, table in tables.items() if row in table)
+    names = {name: str(value) for name, value in held if field == "species" or value == label}
+    if names:
+        name = max(names, key=lambda name: len(names[name]))
+        meaning |= {"table": name, "entry": row, **source_of(name, row)}
     found: Cause = meaning  # type: ignore[assignment]
     return found

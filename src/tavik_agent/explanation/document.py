@@ -4,7 +4,7 @@ piece may begin in the query and end in a finding; `place` says where that is fo
 
 import re
 from bisect import bisect_left, bisect_right
-from collections.abc import Iterable, Iterator, Sequence
+from collections.abc import Callable, Iterable, Iterator, Mapping, Sequence
 from functools import cached_property
 from itertools import accumulate
 from typing import NamedTuple
@@ -44,21 +44,21 @@ class Document:
 
     def whole(self) -> list[str]:
         """The texts without what was blanked."""
-        return list(self._left)
+        return self._not_empty(dict(enumerate(self._left)))
 
     def blank(self, pieces: Iterable[Piece]) -> None:
-        self._overwrite(pieces, [" " * len(text) for text in self._given])
+        self._overwrite(pieces, lambda n, start, end: " " * (end - start))
 
     def restore(self, pieces: Iterable[Piece]) -> None:
-        self._overwrite(pieces, self._given)
+        self._overwrite(pieces, lambda n, start, end: self._given[n][start:end])
 
-    def _overwrite(self, pieces: Iterable[Piece], texts: Sequence[str]) -> None:
+    def _overwrite(self, pieces: Iterable[Piece], new: Callable[[int, int, int], str]) -> None:
         parts: dict[int, list[str]] = {}
         done: dict[int, int] = {}
         for n, start, end in self._in_texts(sorted(pieces)):
             at = done.get(n, 0)
             parts.setdefault(n, []).append(self._left[n][at:start])
-            parts[n].append(texts[n][max(start, at) : end])
+            parts[n].append(new(n, max(start, at), end))
             done[n] = max(end, at)
         for n, changed in parts.items():
             self._left[n] = "".join([*changed, self._left[n][done[n] :]])
@@ -66,21 +66,28 @@ class Document:
     def only(self, pieces: Sequence[Piece], guard: str = GUARD) -> list[str]:
         """The texts of which only these pieces are left. With a guard, words cut by a piece are not
         taken for whole words."""
-        texts = [""] * len(self._left)
+        texts: dict[int, str] = {}
         for n, start, end in self._in_texts(pieces):
             left = self._left[n]
             before = guard if start > 0 else ""
             after = guard if end < len(left) else ""
-            gap = GAP if texts[n] else ""
-            texts[n] += f"{gap}{before}{left[start:end]}{after}"
-        return texts
+            gap = texts[n] + GAP if n in texts else ""
+            texts[n] = f"{gap}{before}{left[start:end]}{after}"
+        return self._not_empty(texts)
 
     def given(self, pieces: Sequence[Piece]) -> list[str]:
         """The texts as they were given, of which only these pieces are left."""
-        texts = [""] * len(self._given)
+        texts: dict[int, str] = {}
         for n, start, end in self._in_texts(pieces):
-            texts[n] += self._given[n][start:end] + GAP
-        return texts
+            texts[n] = texts.get(n, "") + self._given[n][start:end] + GAP
+        return self._not_empty(texts)
+
+    def _not_empty(self, texts: Mapping[int, str]) -> list[str]:
+        """The first text, those that are joined with it without the empty ones, and the last, so
+        that a trial costs what is left of a request."""
+        last = len(self._given) - 1
+        between = [texts[n] for n in sorted(texts) if 0 < n < last and texts[n].strip()]
+        return [texts.get(0, ""), *between, texts.get(last, "")]
 
     def text(self, piece: Piece) -> str:
         """The characters of a piece, of all texts that it touches."""
@@ -89,17 +96,24 @@ class Document:
     def places_of(self, text: str) -> Iterator[Piece]:
         """Where these characters stand and are not blanked, without regard to case."""
         sought = _lowered(text)
-        for n, lowered in enumerate(self._lowered):
-            start = lowered.find(sought)
-            while start >= 0:
-                end = start + len(text)
-                if self._left[n][start:end] == self._given[n][start:end]:
-                    yield Piece(self._starts[n] + start, self._starts[n] + end)
-                start = lowered.find(sought, end)
+        start = self._lowered.find(sought)
+        while start >= 0:
+            end = start + len(text)
+            n = bisect_right(self._starts, start) - 1
+            if end > self._starts[n + 1]:  # ends in another text
+                end = self._starts[n + 1]
+            elif self._is_left(n, start, end):
+                yield Piece(start, end)
+            start = self._lowered.find(sought, end)
+
+    def _is_left(self, n: int, start: int, end: int) -> bool:
+        first = self._starts[n]
+        within = slice(start - first, end - first)
+        return self._left[n][within] == self._given[n][within]
 
     @cached_property
-    def _lowered(self) -> list[str]:
-        return [_lowered(text) for text in self._given]
+    def _lowered(self) -> str:
+        return "".join(map(_lowered, self._given))
 
     def split(self, piece: Piece) -> list[Piece]:
         """The parts of a piece in one text each."""
@@ -133,14 +147,16 @@ class Document:
 
     def _in_texts(self, pieces: Iterable[Piece]) -> list[tuple[int, int, int]]:
         found = []
-        for piece in pieces:
-            for n in range(bisect_right(self._starts, piece.start) - 1, len(self._given)):
-                first = self._starts[n]
-                if first >= piece.end:
-                    break
-                start, end = max(piece.start, first), min(piece.end, self._starts[n + 1])
-                if start < end:
-                    found.append((n, start - first, end - first))
+        starts = self._starts
+        for start, end in pieces:
+            n = bisect_right(starts, start) - 1
+            while start < end:
+                first = starts[n]
+                n += 1
+                until = min(end, starts[n])
+                if start < until:
+                    found.append((n - 1, start - first, until - first))
+                    start = until
         return found
 
 

@@ -1,6 +1,6 @@
 """explain: the record of a request with the causes of every field."""
 
-from collections.abc import Callable, Mapping
+from collections.abc import Mapping
 from contextlib import suppress
 from functools import cache
 from typing import Any
@@ -54,12 +54,8 @@ def _earlier(
     module: PrivateModule, wiring: Wiring, arguments: Mapping[str, Any]
 ) -> Mapping[str, Any]:
     """What the record holds when this call decides nothing."""
-    functions: dict[str, Callable[..., Any]] = {
-        name: (lambda *values, _label=wiring.undecided[field], **named: _label)
-        for field, name in wiring.classifiers.items()
-    }
-    functions["_formula_hint"] = lambda text, species: ""
-    with suppress(Exception), module.replaced(functions):
+    labels = wiring.no_labels() | {"_formula_hint": ""}
+    with suppress(Exception), module.replaced({}, labels):
         if base := arguments.get(BASE):
             merged: Mapping[str, Any] = module.characterize({"step": "", BASE: base})
             return merged

@@ -44,14 +44,15 @@ def lookup(word: str) -> Answer:
         spellings = {word, *(r["meaning"] for r in readings if r["kind"] == "phrase")}
     held = [*_held(word, spellings, tables)]
     readings += _keywords(word, alone)
+    decided = {field: found["label"] for field, found in alone.items() if found["causes"]}
     remarks = left_out(word)
-    is_known = bool(held or remarks or not word or any(r["kind"] == "keyword" for r in readings))
+    is_known = bool(held or remarks or decided or not word)
     entries = (entry for name, table in tables.items() if name != ACRONYMS for entry in table)
     return {
         "word": word,
         "readings": readings,
         "tables": held,
-        "alone": {f: v["label"] for f, v in alone.items() if v["causes"]},
+        "alone": decided,
         "nearest": [] if is_known else nearest(word, entries),
         "left_out": remarks,
     }

@@ -19,6 +19,7 @@ from .notes import NotedFunction, NotedTable, Notes
 OF_THE_SCAN = ("KNOWN_ELEMENT_SYMBOLS", "_NON_FORMULA_TOKENS", "METHOD_ACRONYMS")
 # Called by other functions than the driver; a trial has no reason to replace them.
 CALLED_BY_OTHERS = ("_formula_parts",)
+NO_LABELS: Mapping[str, Any] = {}
 
 
 class PrivateModule:
@@ -42,7 +43,9 @@ class PrivateModule:
             if getattr(value, "__self__", None) is self._module
         }
         self._bound: dict[str, Any] = {}
+        self._now: dict[str, Callable[..., Any]] = {}
         self._replaced: Mapping[str, Callable[..., Any]] = {}
+        self._labels: Mapping[str, Any] = {}
         self.lock = threading.RLock()
         self.notes = Notes()
         self.parameters = {
@@ -57,19 +60,22 @@ class PrivateModule:
 
     def _passing_on(self, name: str) -> Callable[..., Any]:
         def function(*given: Any, **named: Any) -> Any:
-            called = self._replaced.get(name) or self.function(name)
-            return called(*given, **named)
+            if name in self._labels:
+                return self._labels[name]
+            return (self._replaced.get(name) or self._now[name])(*given, **named)
 
         return function
 
     def function(self, name: str) -> Callable[..., Any]:
-        """The function of that name: the module's own, or what stands for it in the one in use."""
-        own: Callable[..., Any] = self._functions[name]
-        value: Any = vars(in_use).get(name, own)
-        return own if getattr(value, "__self__", None) is in_use else value
+        """The function of that name: the module's own, or what stood for it in the one in use when
+        that was followed."""
+        return self._now[name]
 
     def follow(self) -> None:
-        """Binds the tables and reference functions that the module in use has now."""
+        """Binds the functions and tables that the module in use has now."""
+        for name, own in self._functions.items():
+            value = vars(in_use).get(name, own)
+            self._now[name] = own if getattr(value, "__self__", None) is in_use else value
         for name in CALLED_BY_OTHERS:
             setattr(self._module, name, self.function(name))
         for name, own in self._own.items():
@@ -95,14 +101,17 @@ class PrivateModule:
         return self._characterize(**arguments)
 
     @contextmanager
-    def replaced(self, functions: Mapping[str, Callable[..., Any]]) -> Iterator[None]:
-        """Lets calls from one function of the module to another reach these instead."""
-        before = self._replaced
-        self._replaced = functions
+    def replaced(
+        self, functions: Mapping[str, Callable[..., Any]], labels: Mapping[str, Any] = NO_LABELS
+    ) -> Iterator[None]:
+        """Lets calls from one function of the module to another reach these instead, or be answered
+        by these labels."""
+        before = self._replaced, self._labels
+        self._replaced, self._labels = functions, labels
         try:
             yield
         finally:
-            self._replaced = before
+            self._replaced, self._labels = before
 
 
 @cache

@@ -12,10 +12,13 @@ from .document import Document, Piece
 type Test = Callable[[list[str]], bool]
 FIRST_STEP = 16
 WIDER = 64
+MARKS = re.compile(r"[\W_]*")
+REMEMBERED = 100  # characters; longer texts hardly come twice
 
 
 def deciding_pieces(document: Document, test: Test) -> list[Piece]:
     """All pieces that have a part in the test's being true; they are blanked in the document."""
+    test = _remembered(test)
     found: list[Piece] = []
     at = 0
     while True:
@@ -38,13 +41,28 @@ def deciding_pieces(document: Document, test: Test) -> list[Piece]:
     return sorted(found)
 
 
+def _remembered(test: Test) -> Test:
+    """The test, asked once of short texts that read the same."""
+    answers: dict[tuple[str, ...], bool] = {}
+
+    def remembered(texts: list[str]) -> bool:
+        if sum(map(len, texts)) > REMEMBERED:
+            return test(texts)
+        if (key := (*texts,)) not in answers:
+            answers[key] = test(texts)
+        return answers[key]
+
+    return remembered
+
+
 def _next_pieces(document: Document, test: Test, at: int) -> list[Piece]:
     """The pieces behind a place that decide together and end first; none when there are none."""
     end = _least(at, len(document), lambda end: test(document.only([Piece(at, end)])))
     if end is None:
         return []
-    back = _least(0, end - at, lambda size: test(document.only([Piece(end - size, end)])))
-    pieces = _needed(document, test, Piece(end - (back or end - at), end))
+    size = end - at
+    back = _bisected(0, size, lambda size: test(document.only([Piece(end - size, end)])))
+    pieces = _needed(document, test, Piece(end - back, end))
     if len(pieces) > 1:
         for n in range(len(pieces)):
             pieces[n] = _narrowed(document, test, pieces, n)
@@ -60,7 +78,11 @@ def _least(low: int, high: int, holds: Callable[[int], bool]) -> int | None:
             return None
         low += step
         step *= 2
-    high = min(low + step, high)
+    return _bisected(low, min(low + step, high), holds)
+
+
+def _bisected(low: int, high: int, holds: Callable[[int], bool]) -> int:
+    """The least number above low for which it holds, as it does for high."""
     while high - low > 1:
         middle = (low + high) // 2
         if holds(middle):
@@ -88,7 +110,7 @@ def _needed(document: Document, test: Test, piece: Piece) -> list[Piece]:
             else:
                 n += size
         size //= 2
-    if test(document.only(words)):
+    if words == [piece] or test(document.only(words)):
         return words
     return list(_joined(document, words or [piece]))
 
@@ -129,9 +151,8 @@ def _trimmed(document: Document, test: Test, pieces: list[Piece]) -> list[Piece]
 def _without_marks(document: Document, test: Test, pieces: list[Piece], n: int) -> Piece:
     """A piece without the blanks and marks around it, when it decides between blanks as well."""
     text = document.text(pieces[n])
-    marks = re.compile(r"[\W_]*")
-    left = marks.match(text)
-    right = marks.match(text[::-1])
+    left = MARKS.match(text)
+    right = MARKS.match(text[::-1])
     start, end = pieces[n]
     cuts = (left.end() if left else 0, right.end() if right else 0)
     blanks = (len(text) - len(text.lstrip()), len(text) - len(text.rstrip()))
@@ -161,17 +182,11 @@ def _same_elsewhere(
     document: Document, test: Test, pieces: list[Piece], wide: list[Piece], n: int
 ) -> list[Piece]:
     """The other places at which the characters of one of the pieces decide in its stead, with what
-    touches them as wide as around it. What reads the same is tested once."""
-    tested: dict[tuple[str, ...], bool] = {}
-
-    def holds(texts: list[str]) -> bool:
-        if (key := (*texts,)) not in tested:
-            tested[key] = test(texts)
-        return tested[key]
+    touches them as wide as around it."""
 
     def decides(place: Piece) -> bool:
         around = Piece(max(place.start - before, 0), min(place.end + after, len(document)))
-        return holds(document.only([*wide[:n], around, *wide[n + 1 :]])) and holds(
+        return test(document.only([*wide[:n], around, *wide[n + 1 :]])) and test(
             document.only([*pieces[:n], place, *pieces[n + 1 :]], guard="")
         )
 
@@ -182,23 +197,28 @@ def _same_elsewhere(
 
 
 def _with_alternatives(document: Document, test: Test, wide: list[Piece]) -> list[Piece]:
-    """Pieces that decide together, with those that can stand for one of them."""
+    """Pieces that decide together, with those that can stand for one of them, and those that decide
+    alone, which stay blanked, since they have to be to find the others."""
     groups = _groups(document, test, wide)
+    known = {piece for group in groups for piece in group}
     for group in groups:
         hidden = list(group)
         document.blank(hidden)
-        while test(document.whole()):
-            others = _groups(document, test, _next_pieces(document, test, 0))
-            known = {piece for found in groups for piece in found}
+        at = 0
+        while next_wide := _next_pieces(document, test, at) or _next_pieces(document, test, 0):
+            others = _groups(document, test, next_wide)
             new = [other for other in others if other[0] not in known]
             if not new:
                 break
-            groups += new
+            at = new[0][0].end
             fresh = [piece for other in new for piece in other]
-            hidden += fresh
+            known.update(fresh)
             document.blank(fresh)
+            if len(others) > 1:
+                groups += new
+                hidden += fresh
         document.restore(hidden)
-    return sorted({piece for group in groups for piece in group})
+    return sorted(known)
 
 
 def _groups(document: Document, test: Test, wide: list[Piece]) -> list[list[Piece]]:

@@ -57,8 +57,10 @@ def remarks() -> Iterator[tuple[str, int, str]]:
 def _located(table: str, entry: str) -> _Found | None:
     for source in source_files().values():
         if statement := source.statements.get(table):
-            if isinstance(getattr(source.module, table, None), Mapping):
-                return _of_row(entry) or _Found(source, statement.lineno, entry)
+            rows = getattr(source.module, table, None)
+            if isinstance(rows, Mapping):
+                found = _of_row(entry, str(rows.get(entry, "")))
+                return found or _Found(source, statement.lineno, entry)
             return _of_entry((source, statement), entry)
     return None
 
@@ -78,10 +80,10 @@ def _set_of(statement: Statement) -> Collection[object]:
     return value if isinstance(value, (list, tuple, frozenset)) else ()
 
 
-def _of_row(phrase: str) -> _Found | None:
+def _of_row(phrase: str, meaning: str) -> _Found | None:
     """The entry that a row was made from, in the smaller tables of names and formulas; the rule
     when more than one line can be that entry, or none."""
-    rows = _rows_of(phrase)
+    rows = _rows_of(phrase, meaning)
     for row in rows:
         if lines := _lines(row.made_by, row.phrase):
             return lines[0]
@@ -137,9 +139,9 @@ def _pairs_of(source: SourceFile, statement: ast.stmt) -> Collection[tuple[str, 
     return ()
 
 
-def _rows_of(phrase: str) -> list[_Row]:
+def _rows_of(phrase: str, meaning: str) -> list[_Row]:
     """The rows of the smaller tables that hold the phrase, or else those of which it is a form."""
-    rows = _rows_by_meaning().get(_meaning_of(phrase), [])
+    rows = _rows_by_meaning().get(meaning, [])
     same = [row for row in rows if row.phrase == phrase]
     return same or [row for row in rows if _is_form_of(phrase, row.phrase)]
 
@@ -164,12 +166,6 @@ def _smaller_tables() -> list[tuple[str, SourceFile, Mapping[str, str]]]:
             if isinstance(table, Mapping) and id(table) not in public:
                 found.append((name, source, table))
     return sorted(found, key=lambda table: table[0].startswith("_"))
-
-
-def _meaning_of(phrase: str) -> str:
-    package = sys.modules[DATA[0]]
-    tables = [value for value in vars(package).values() if isinstance(value, Mapping)]
-    return next((str(table[phrase]) for table in tables if phrase in table), "")
 
 
 @cache

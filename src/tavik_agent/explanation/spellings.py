@@ -65,7 +65,8 @@ def nearest(word: str, entries: Iterable[str]) -> list[str]:
     same = sorted(entry for entry in like if entry.lower() == word.lower())
     lowered = {entry.lower(): entry for entry in sorted(like)}
     close = difflib.get_close_matches(word.lower(), lowered, NEAREST, LIKENESS)
-    found = (*same, *_with_keyword(word.lower()), *(lowered[spelling] for spelling in close))
+    keywords = _with_keyword(word.lower()) if len(word.split()) == 1 else ()
+    found = (*same, *keywords, *(lowered[spelling] for spelling in close))
     return [*dict.fromkeys(found)][:NEAREST]
 
 

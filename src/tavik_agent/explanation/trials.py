@@ -125,26 +125,23 @@ class OfDriver(Trials):
         self._species = recording.given.get("_electronic_class", {}).get("species", [])
         self._joined = ""
         self._functions = self._made_functions()
+        self._labels = wiring.no_labels()
+        if field != "formula_hint":
+            self._labels["_formula_hint"] = ""
 
     def decide(self, texts: list[str]) -> Any:
         self._joined = self.joined(texts)
-        with self.module.replaced(self._functions):
+        with self.module.replaced(self._functions, self._labels):
             record = self.module.characterize({"step": "", QUERY_TEXT: texts[0], **self._request})
         return record[self._field]
 
     def _made_functions(self) -> dict[str, Callable[..., Any]]:
-        functions: dict[str, Callable[..., Any]] = {
-            name: (lambda *values, _label=self.wiring.undecided[field], **named: _label)
-            for field, name in self.wiring.classifiers.items()
-        }
-        functions["_combined_text"] = lambda *parts: self._joined
+        functions: dict[str, Callable[..., Any]] = {"_combined_text": lambda *parts: self._joined}
         if self._field == "species":
             functions["_species_from_element_block"] = self._declared
         else:
             functions["_species_from_element_block"] = lambda block: self._given_species()
             functions["_species_from_text"] = lambda text: []
-        if self._field != "formula_hint":
-            functions["_formula_hint"] = lambda text, species: ""
         return functions
 
     def _given_species(self) -> list[str]:
@@ -153,7 +150,7 @@ class OfDriver(Trials):
 
     def _declared(self, block: Any) -> Any:
         read = self.module.function("_species_from_element_block")
-        return read(block.raw if isinstance(block, NotedMapping) else block)
+        return read(block.raw if type(block) is NotedMapping else block)
 
     def decided_before(self) -> dict[str, Any]:
         return {"species": self._species} if self._field == "formula_hint" else {}

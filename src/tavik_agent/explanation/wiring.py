@@ -30,6 +30,10 @@ class Wiring(NamedTuple):
     undecided: dict[str, Any]
     """The record of a request that says nothing."""
 
+    def no_labels(self) -> dict[str, Any]:
+        """What each classifier answers when it decides nothing."""
+        return {name: self.undecided[field] for field, name in self.classifiers.items()}
+
 
 class _Marked(dict[str, str]):
     """An intent in which every key that is asked for holds a marker of its own."""
