@@ -270,12 +270,12 @@ def test_a_trial_of_many_reads_few_of_the_words(findings, causes, trials, monkey
         ("Fe", "element", "phase1_simple_ferromagnet_species Fe magnetism"),
         ("ZrTe5", "phrase formula", "Left out on purpose"),
         # A phrase of two tables: each has its own line.
-        ("YAG:Ce3+", "phrase phrase", "ELEMENT_NAME_ALIASES yag:ce3+ ION_NAMES"),
+        ("YAG:Ce3+", "phrase phrase", "ELEMENT_NAME_ALIASES yag:ce3+ _at_colons: A dopant"),
         ("gev center,", "phrase phrase", "FORMULA_ALIASES C surface_names"),
         # Forms: shown where the formula stands, or at the rule when that may be several lines.
         ("fe₂o₃,", "phrase", "FORMULA_ALIASES Fe2O3 written_formulas"),
         ("mg (0001),", "phrase", "FORMULA_ALIASES mg (0001), SURFACE_NAMES"),
-        ("niobium monocarbide", "phrase", "FORMULA_ALIASES niobium monocarbide SYSTEMATIC_NAMES"),
+        ("niobium monocarbide", "phrase", "FORMULA_ALIASES niobium monocarbide _counted: Elem"),
         ("uranium oxides", "phrase", "ELEMENT_NAME_ALIASES uranium oxides _plurals: The anion of"),
         ("soc", "keyword", "keyword: magnetic_class noncollinear_template"),
         ("exfoliated", "keyword", "layered_parent_exfoliation, by exfoliat"),
