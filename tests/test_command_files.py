@@ -94,7 +94,7 @@ def test_the_same_in_a_file_of_one_request(bad, message, capfd):
 
 
 def test_only_the_first_few_of_a_kind_are_reported(capfd):
-    wrong = {"step": 1, "query_text": "of several blocks " * 10}
+    wrong = {"step": 1, "query_text": "of several blocks " * 40}
     Path("in.jsonl").write_bytes(as_lines([wrong] * 5000 + [{"step": "a", "x": 1}]))
     assert run(["batch", "in.jsonl"]) == 1
     *reported, _, wrong, unknown = capfd.readouterr().err.splitlines()
@@ -147,7 +147,7 @@ OPENED = {"": open, ".gz": gzip.open, ".zst": zstd.open}
 def many():
     """The requests of in.jsonl, some of them bad, and what the output holds in the end."""
     texts = [f"{text} {n}" for n in range(MANY // 4) for text in ("NiO", "\ud800 Fe2O3", "é", "x")]
-    requests = [{"step": "scf", "query_text": text * 40, "id": n} for n, text in enumerate(texts)]
+    requests = [{"step": "scf", "query_text": text * 160, "id": n} for n, text in enumerate(texts)]
     requests[MANY // 2] = {"step": 1}
     for suffix, opened in OPENED.items():
         with opened(f"in.jsonl{suffix}", "wb") as file:

@@ -1,4 +1,4 @@
-"""The blocks in which a file is read, answered and written: whole lines of some 256 KiB together,
+"""The blocks in which a file is read, answered and written: whole lines of some 1 MiB together,
 so that memory is bounded. Where a file is cut follows from its bytes alone, never from how they
 came in; but whoever writes requests to a pipe gets each answer at once, from one process.
 """
@@ -13,7 +13,7 @@ from contextlib import contextmanager
 
 from .files import InputError, input_errors_at, input_place, opened
 
-BLOCK = 256 * 1024
+BLOCK = 1024 * 1024
 
 
 class Source:
